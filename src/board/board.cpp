@@ -1,0 +1,58 @@
+#include "board/board.h"
+
+#include "board/hash_state.h"
+#include "board/piece.h"
+
+namespace quorvane {
+
+Piece* Board::board[squareCount + 1];
+Piece* Board::pieceById[pieceIdCount];
+Piece* Board::kings[2];
+MoveRecord Board::currentMove;
+MoveRecord* Board::moveBuffer = nullptr;
+MoveList* Board::activeMoveList = nullptr;
+HistoryStack* Board::history = nullptr;
+HashState* Board::hashState = nullptr;
+Square Board::enPassantSquare = noSquare;
+PositionType Board::positionType = lastPositionType;
+bool Board::pawnEnding = false;
+Board::PawnFiles Board::whitePawnFiles;
+Board::PawnFiles Board::blackPawnFiles;
+Board::ReachMap Board::movingKingReach;
+Board::ReachMap Board::opposingKingReach;
+Board::ReachMap* Board::ownKingReach = nullptr;
+Board::ReachMap* Board::enemyKingReach = nullptr;
+bool Board::singletonsExist = false;
+
+Board::Board() {
+  if (singletonsExist) return;
+  singletonsExist = true;  // first: HashState is a Board itself
+  hashState = new HashState;
+  history = new HistoryStack;
+  history->depth = 0;
+  moveBuffer = new MoveRecord[moveBufferSize];
+  positionType = lastPositionType;
+  pawnEnding = false;
+  activeMoveList = nullptr;
+}
+
+void Board::clearPosition() {
+  while (history->depth > 0) unmakeMove();
+  for (Piece*& piece : pieceById) {
+    if (piece != nullptr) Piece::release(piece);
+    piece = nullptr;
+  }
+}
+
+void Board::releaseBoard() {
+  singletonsExist = false;
+  clearPosition();
+  delete hashState;
+  delete history;
+  delete[] moveBuffer;
+  hashState = nullptr;
+  history = nullptr;
+  moveBuffer = nullptr;
+}
+
+}  // namespace quorvane

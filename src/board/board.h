@@ -1,0 +1,88 @@
+#ifndef QUORVANE_BOARD_BOARD_H_
+#define QUORVANE_BOARD_BOARD_H_
+
+#include <cstdint>
+
+#include "board/records.h"
+#include "board/table.h"
+#include "board/types.h"
+
+namespace quorvane {
+
+class HashState;
+
+// The one chess position of the process.
+//
+// Everything here is static: a class that works on the position derives from Board and reaches the members
+// directly, and no function passes a position around. The first Board constructed builds the singletons
+// (`hashState`, `history`, `moveBuffer`); Learner::setupPosition puts a position on the board and may be
+// called any number of times; releaseBoard ends it all. Between set-ups only makeMove and unmakeMove change
+// the position; generators and tests use `currentMove` and `activeMoveList` as scratch. `pieceById` owns the
+// pieces, captured ones included; every other piece pointer only refers. One thread, no locks.
+class Board {
+ public:
+  // Builds the singletons on the first run, does nothing on later ones.
+  Board();
+
+  // Takes back every made move and releases all pieces; `pieceById` then holds null only.
+  static void clearPosition();
+
+  // Ends the board: clears the position and frees the singletons.
+  static void releaseBoard();
+
+  // Plays `from`, `to`, `kind` of `currentMove`, a move of the generators, and flips its `sideToMove`. Tests
+  // neither legality nor depth: the caller stays below historyCapacity.
+  static void makeMove();
+
+  // Takes back the last made move exactly; the depth must be above 0.
+  static void unmakeMove();
+
+  // Makes the first generated move of the side's pieces of `kind` that fits the given ranks and files (8 fits
+  // any). A `promotion` of 1 to 4 makes it a promotion to that kind, any other value leaves it as generated.
+  // False, with the position unchanged, if the game is too deep (status 2), the side not to move stands in
+  // check (status 7), no move fits, a king would be promoted, or the mover's king would stand attacked.
+  static bool playGameMove(std::int32_t fromRank, std::int32_t fromFile, std::int32_t toRank,
+                           std::int32_t toFile, std::int32_t kind, std::int32_t promotion);
+
+ protected:
+  static constexpr std::int32_t piecesPerSide = 16;
+  // Ids run down from here: white 15 to 0, black 31 to 16.
+  static constexpr std::int32_t firstWhiteId = piecesPerSide - 1;
+  static constexpr std::int32_t firstBlackId = 2 * piecesPerSide - 1;
+  static constexpr std::int32_t emptySquareId = 2 * piecesPerSide;
+  static constexpr std::int32_t pieceIdCount = emptySquareId + 1;
+  // No piece has more moves than a queen in the middle of an empty board.
+  static constexpr std::int32_t moveBufferSize = piecesPerSide * 27;
+
+  static Piece*
+      board[squareCount + 1];  // never null after a set-up; [noSquare] is the empty square's piece too
+  static Piece* pieceById[pieceIdCount];
+  static Piece* kings[2];           // by Side; the anchors of the rings
+  static MoveRecord currentMove;    // the working record; home of `sideToMove`
+  static MoveRecord* moveBuffer;    // moveBufferSize records, which no position that fits the model exceeds
+  static MoveList* activeMoveList;  // where the generators write; a local of the operation that generates
+  static HistoryStack* history;
+  static HashState* hashState;
+  static Square enPassantSquare;     // the square a pawn has just jumped over, or noSquare
+  static PositionType positionType;  // written by the classifier
+  static bool pawnEnding;            // kings and pawns only; written by the classifier
+
+  // Working storage of Network::computeConfigurations, valid only while it runs.
+  using PawnFiles = Table<std::int32_t, 10>;  // pawns per file at file + 1, between two borders of 0
+  using ReachMap = Table<std::uint8_t, squareCount>;
+  static PawnFiles whitePawnFiles;
+  static PawnFiles blackPawnFiles;
+  static ReachMap movingKingReach;    // non-zero on the empty squares next to the king of the side to move
+  static ReachMap opposingKingReach;  // the same for the other king
+  static ReachMap* ownKingReach;      // as seen from the piece that is being described
+  static ReachMap* enemyKingReach;
+
+ private:
+  static void undoPromotion();
+
+  static bool singletonsExist;
+};
+
+}  // namespace quorvane
+
+#endif  // QUORVANE_BOARD_BOARD_H_

@@ -1,0 +1,164 @@
+#ifndef QUORVANE_BOARD_PIECE_H_
+#define QUORVANE_BOARD_PIECE_H_
+
+#include <cstddef>
+#include <cstdint>
+
+#include "board/board.h"
+#include "board/types.h"
+
+namespace quorvane {
+
+struct PawnRules;
+struct PieceClass;
+
+// A piece of the position; Piece itself serves as the one object that fills every empty square.
+//
+// The pieces of a side on the board form a ring through `prev` and `next`, in rising order of their ids, with
+// exactly one king, Board::kings[side]. A captured piece leaves the ring but keeps its own links, which is
+// what taking the move back needs. Pieces have no destructor work: Piece::release gives back their storage.
+//
+// The virtual operations have no arguments: they talk through Board::currentMove and Board::activeMoveList.
+class Piece : public Board {
+ public:
+  // The empty square's piece: side noSide, square noSquare, id 32.
+  Piece(Side side, Square square, std::int32_t id, Piece* copyFrom);
+
+  // Can this piece go to `to`, its own king's safety apart? Sets `found` and `kind` of currentMove.
+  virtual void testMove();
+  // Appends the pseudo-legal moves to the active list; gives how many.
+  virtual std::int32_t generateMoves();
+  // Appends the captures of opposing pieces (and a pawn's step to its last rank); en passant is left out.
+  virtual void generateCaptures();
+  // Writes the features of this piece into `configuration` and its marks into the words of the pieces it
+  // reaches. Only ORs; called by Network::computeConfigurations only.
+  virtual void addConfiguration();
+
+  // True if a piece of the other side could take this piece where it stands. Leaves currentMove as it was.
+  bool isAttacked();
+
+  // Frees a piece made by `new`. Its links and the entries that refer to it are the caller's.
+  static void release(Piece* piece);
+
+  std::int32_t keyIndex;  // column in the key tables: 0 to 5 black, 6 to 11 white, 12 the empty square
+  const std::int32_t* directions;  // mailbox steps in the order of generation, ended by noSquare
+  Piece* prev;
+  Piece* next;
+  std::int32_t id;         // index in pieceById; a promoted piece takes that of its pawn
+  Square square;           // a captured piece keeps the square on which it was taken
+  std::int32_t moveCount;  // made moves that touched the piece; 0 means that it may castle
+  PieceKind kind;
+  Side side;
+  std::int32_t material;  // thousandths of a pawn
+  ConfigurationWord configuration = 0;
+
+ protected:
+  // A new piece of `pieceClass` on `square`, linked into its ring, or, with `copyFrom`, one that takes that
+  // piece's place on the board, in pieceById and in the ring; the other arguments are then ignored.
+  Piece(const PieceClass& pieceClass, Side side, Square square, std::int32_t id, Piece* copyFrom);
+
+  // Copies currentMove, with `found` set, into the active list.
+  static void emit();
+
+  // testMove along an open diagonal or an open rank or file; `kind` becomes ownPieceOnLine if only the piece
+  // at the end is in the way.
+  void testDiagonal();
+  void testStraight();
+  // The same once it is known that repeated steps of square numbers by `step` lead to `to`.
+  void testLine(Square step);
+
+  // One step along each direction, of knight and king.
+  void generateSteps();
+  void generateStepCaptures();
+
+  // Both pawn classes are these, each with the rules of its side.
+  void testPawnMove(const PawnRules& rules);
+  std::int32_t generatePawnMoves(const PawnRules& rules);
+  void generatePawnCaptures(const PawnRules& rules);
+  void addPawnConfiguration(const PawnRules& rules);
+
+  // What knight, bishop, rook and queen describe alike: marks on the pieces that they reach, the free squares
+  // beside the kings that they reach, and where they stand.
+  void addReachBySteps();
+  void addReachAlongRays();
+  void addReachOf(Square reached, std::int32_t& besideEnemyKing);
+  void addPlace(std::int32_t besideEnemyKing);
+  void addMinorPlace();
+};
+
+class WhitePawn : public Piece {
+ public:
+  WhitePawn(Side side, Square square, std::int32_t id, Piece* copyFrom);
+  void testMove() override;
+  std::int32_t generateMoves() override;
+  void generateCaptures() override;
+  void addConfiguration() override;
+};
+
+class BlackPawn : public Piece {
+ public:
+  BlackPawn(Side side, Square square, std::int32_t id, Piece* copyFrom);
+  void testMove() override;
+  std::int32_t generateMoves() override;
+  void generateCaptures() override;
+  void addConfiguration() override;
+};
+
+class Knight : public Piece {
+ public:
+  Knight(Side side, Square square, std::int32_t id, Piece* copyFrom);
+  void testMove() override;
+  std::int32_t generateMoves() override;
+  void generateCaptures() override;
+  void addConfiguration() override;
+};
+
+class Bishop : public Piece {
+ public:
+  Bishop(Side side, Square square, std::int32_t id, Piece* copyFrom);
+  void testMove() override;
+  void addConfiguration() override;
+};
+
+class Rook : public Piece {
+ public:
+  Rook(Side side, Square square, std::int32_t id, Piece* copyFrom);
+  void testMove() override;
+  void addConfiguration() override;
+};
+
+class Queen : public Piece {
+ public:
+  Queen(Side side, Square square, std::int32_t id, Piece* copyFrom);
+  void testMove() override;
+  void addConfiguration() override;
+};
+
+class King : public Piece {
+ public:
+  King(Side side, Square square, std::int32_t id, Piece* copyFrom);
+  void testMove() override;
+  std::int32_t generateMoves() override;
+  void generateCaptures() override;
+  void addConfiguration() override;
+
+  // The castling part of testMove: may the king go two files by steps of `direction`, +1 or -1? Moves the
+  // king on the board for a moment.
+  void testCastling(Square direction);
+
+  bool castled = false;  // its side has castled on the line of play
+};
+
+// Calls `visit` for every piece of the ring that `anchor`, a king, belongs to, the king first.
+template <typename Visit>
+void forEachInRing(Piece* anchor, Visit visit) {
+  Piece* piece = anchor;
+  do {
+    visit(*piece);
+    piece = piece->next;
+  } while (piece->kind != kingKind);
+}
+
+}  // namespace quorvane
+
+#endif  // QUORVANE_BOARD_PIECE_H_

@@ -1,0 +1,74 @@
+#include <cstdlib>
+
+#include "board/piece.h"
+#include "configurations/configuration_word.h"
+#include "network/network.h"
+
+namespace quorvane {
+
+namespace {
+
+// A side leads in material from here on, in thousandths of a pawn.
+constexpr std::int32_t materialMargin = 500;
+
+constexpr ConfigurationWord materialBit(std::int32_t balance) {
+  if (balance > materialMargin) return materialAhead;
+  return balance < -materialMargin ? materialBehind : 0;
+}
+
+}  // namespace
+
+void Network::computeConfigurations() {
+  Piece* const movingKing = kings[currentMove.sideToMove];
+  Piece* const opposingKing = kings[1 - currentMove.sideToMove];
+
+  // Every word is reset before the first call of addConfiguration: pieces leave marks on each other in any
+  // order.
+  whitePawnFiles = {};
+  blackPawnFiles = {};
+  const auto countPawn = [](const Piece& piece) {
+    if (piece.kind == pawnKind)
+      ++(piece.side == white ? whitePawnFiles : blackPawnFiles)[fileOf(piece.square) + 1];
+  };
+  std::int32_t balance = 0;
+  forEachInRing(movingKing, [&](Piece& piece) {
+    balance += piece.material;
+    piece.configuration = 0;
+    countPawn(piece);
+  });
+  forEachInRing(opposingKing, [&](Piece& piece) {
+    balance -= piece.material;
+    piece.configuration = notOnMove;
+    countPawn(piece);
+  });
+
+  // A king fills the map of its neighbour squares before any piece reads it.
+  movingKingReach = {};
+  opposingKingReach = {};
+  const auto describe = [](Piece& piece, ConfigurationWord material) {
+    piece.configuration |= material;
+    piece.addConfiguration();
+  };
+  ownKingReach = &opposingKingReach;
+  enemyKingReach = &opposingKingReach;
+  describe(*opposingKing, materialBit(-balance));
+
+  ownKingReach = &movingKingReach;
+  forEachInRing(movingKing, [&](Piece& piece) { describe(piece, materialBit(balance)); });
+
+  ownKingReach = &opposingKingReach;
+  enemyKingReach = &movingKingReach;
+  for (Piece* piece = opposingKing->next; piece != opposingKing; piece = piece->next) {
+    describe(*piece, materialBit(-balance));
+  }
+
+  const std::int32_t ranks = std::abs(rankOf(movingKing->square) - rankOf(opposingKing->square));
+  const std::int32_t files = std::abs(fileOf(movingKing->square) - fileOf(opposingKing->square));
+  ConfigurationWord distance = 0;
+  if (ranks <= 3) distance |= king_bits::rankDistance[ranks];
+  if (files <= 3) distance |= king_bits::fileDistance[files];
+  movingKing->configuration |= distance;
+  opposingKing->configuration |= distance;
+}
+
+}  // namespace quorvane

@@ -1,0 +1,31 @@
+#include "board/mailbox.h"
+#include "board/piece.h"
+#include "configurations/configuration_word.h"
+#include "configurations/square_masks.h"
+
+namespace quorvane {
+
+void King::addConfiguration() {
+  std::int32_t freeCount = 0;
+  std::int32_t pawnCount = 0;
+  for (const std::int32_t* direction = directions; *direction != noSquare; ++direction) {
+    const Square neighbour = stepFrom(square, *direction);
+    if (neighbour == noSquare) continue;
+    Piece& piece = *board[neighbour];
+    if (piece.kind == emptyKind) {
+      ++freeCount;
+      (*ownKingReach)[neighbour] = 1;
+    } else if (piece.side == side) {
+      piece.configuration |= guardedBy(kingKind);
+      if (piece.kind == pawnKind) ++pawnCount;
+    } else {
+      piece.configuration |= attackedBy(kingKind);
+    }
+  }
+  if (pawnCount >= 2) configuration |= king_bits::twoOwnPawnsBeside;
+  if (freeCount <= 1) configuration |= king_bits::hardlyAnyFreeNeighbour;
+  configuration |= ringMask[square] | zoneMask[square];
+  if (castled) configuration |= king_bits::castled;
+}
+
+}  // namespace quorvane

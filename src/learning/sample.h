@@ -1,0 +1,28 @@
+#ifndef QUORVANE_LEARNING_SAMPLE_H_
+#define QUORVANE_LEARNING_SAMPLE_H_
+
+#include <cstdint>
+#include <vector>
+
+#include "board/types.h"
+
+namespace quorvane {
+
+// One piece of one sampled position.
+struct PieceConfiguration {
+  ConfigurationWord word;
+  std::uint8_t kind;  // PieceKind, 0 to 5
+
+  friend bool operator==(const PieceConfiguration&, const PieceConfiguration&) = default;
+};
+
+// One training position. Each list begins with its side's king and goes on in the order of the side's ring.
+struct Sample {
+  std::vector<PieceConfiguration> ownList;       // of the side to move
+  std::vector<PieceConfiguration> opposingList;  // of the other side
+  std::int32_t target = 0;                       // what the fit aims at, as the side to move sees it
+};
+
+}  // namespace quorvane
+
+#endif  // QUORVANE_LEARNING_SAMPLE_H_

@@ -1,0 +1,76 @@
+#ifndef QUORVANE_NETWORK_NETWORK_H_
+#define QUORVANE_NETWORK_NETWORK_H_
+
+#include <cstdint>
+
+#include "board/board.h"
+#include "board/table.h"
+#include "learning/sample.h"
+#include "learning/sample_set.h"
+#include "network/eval_cache.h"
+#include "network/network_table.h"
+
+namespace quorvane {
+
+// The model at work: one row of the network table, and caches of what its words are worth. A piece is worth
+// the sum of the weights of all patterns contained in its word; a position the sum over the pieces of the
+// side to move minus the sum over the others.
+class Network : public Board {
+ public:
+  static constexpr PositionType classifyBoard = -1;
+
+  // Reads network.dat, the first time in the process only.
+  Network();
+
+  // Classifies the position on the board, or takes `requested`, 0 to 13, as it is. Sets positionType,
+  // pawnEnding and the row in use, and clears the caches if told to. Gives the type.
+  PositionType classifyPosition(PositionType requested, bool clear);
+
+  // Fills `configuration` of every piece on the board. The position must have been classified: pawnEnding is
+  // read.
+  static void computeConfigurations();
+
+  // The value of a sample under the row in use, through the caches. Added up in the order of the sample: a
+  // word's own sum rounded to 32 bits where it comes out of a cache, unrounded where it goes in.
+  double evaluate(const Sample& sample);
+
+  void clearCaches();
+
+  // Of the row in use.
+  void clearWeights();
+  void clearNodeList(PieceKind kind);
+  // Gives the index of the new node, all of whose fields are zero.
+  std::int32_t appendNode(PieceKind kind);
+  PatternNode& nodeAt(PieceKind kind, std::int32_t index);
+
+  // Reads and writes the whole network table; network_file.h has the format. Report on standard output.
+  static void loadNetwork();
+  static void saveNetwork();
+
+  // The steps of the fit; docs and formulas stand in learning/conjugate_gradients.cpp. Both give f(w) at the
+  // weights that they found, 0.0 for an empty set (conjugateStep with reportOnly: always 0.0).
+  double buildPreconditioner(const SampleSet& set);
+  double conjugateStep(const SampleSet& set, bool reportOnly);
+  // Percentage of samples whose value is less than 1.0 away from the target; 100 for an empty set.
+  float hitPercentage(const SampleSet& set);
+
+ private:
+  double evaluateList(const std::vector<PieceConfiguration>& list, Table<EvalCache, pieceKindCount>& caches,
+                      double sign, double value) const;
+
+  double accumulateCounts(const Sample& sample);
+  void accumulateGradient(const Sample& sample, double amount);
+  double directionTerms(const Sample& sample, double& slope);
+  double lineSearch(const SampleSet& set);
+
+  Table<EvalCache, pieceKindCount> ownCaches;
+  Table<EvalCache, pieceKindCount> opposingCaches;  // hold negative values
+  NetworkRow* currentLists;
+  double previousNorm = 1.0;
+
+  static bool networkLoaded;
+};
+
+}  // namespace quorvane
+
+#endif  // QUORVANE_NETWORK_NETWORK_H_

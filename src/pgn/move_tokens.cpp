@@ -1,0 +1,104 @@
+#include "pgn/pgn_game.h"
+
+namespace quorvane {
+
+namespace {
+
+// The letters that a move may start with; O is castling, P a pawn that is named.
+bool startsLikeMove(std::string_view token) {
+  constexpr std::string_view starts = "abcdefghOPNBRQK";
+  return !token.empty() && starts.find(token[0]) != std::string_view::npos;
+}
+
+// The kind that a piece letter names, emptyKind for any other character.
+PieceKind kindOfLetter(char letter) {
+  switch (letter) {
+    case 'N':
+      return knightKind;
+    case 'B':
+      return bishopKind;
+    case 'R':
+      return rookKind;
+    case 'Q':
+      return queenKind;
+    case 'K':
+      return kingKind;
+    default:
+      return emptyKind;
+  }
+}
+
+bool isSuffix(char character) {
+  return character == '#' || character == '+' || character == '?' || character == '!';
+}
+
+}  // namespace
+
+bool PgnGame::nextMove(std::int32_t& fromRank, std::int32_t& fromFile, std::int32_t& toRank,
+                       std::int32_t& toFile, std::int32_t& kind, std::int32_t& promotion) {
+  const auto tokenCount = static_cast<std::int32_t>(tokens.size());
+  std::string_view token;
+  do {
+    if (tokenCursor >= tokenCount) return false;
+    token = tokens[static_cast<std::size_t>(tokenCursor++)];
+  } while (!startsLikeMove(token));
+
+  fromRank = fromFile = toRank = toFile = anyRankOrFile;
+  kind = pawnKind;
+  promotion = noPromotion;
+
+  if (token == "O-O" || token == "O-O-O") {
+    toFile = token == "O-O" ? 6 : 2;
+    kind = kingKind;
+    return true;
+  }
+
+  // From here on the token is read from its end; in front of it there are characters 0.
+  auto position = static_cast<std::ptrdiff_t>(token.size()) - 1;
+  const auto characterAt = [token](std::ptrdiff_t index) {
+    return index >= 0 ? token[static_cast<std::size_t>(index)] : '\0';
+  };
+  while (isSuffix(characterAt(position))) --position;
+
+  const PieceKind promoted = kindOfLetter(characterAt(position));
+  if (promoted != emptyKind && promoted != kingKind) {
+    promotion = promoted;
+    position -= 2;  // over the letter and what stands before it, which should be an equals sign
+  }
+
+  toFile = characterAt(position - 1) - 'a';
+  toRank = characterAt(position) - '1';
+  if (toFile < 0 || toFile > 7 || toRank < 0 || toRank > 7) return false;
+  position -= 2;
+  if (position < 0) return true;
+
+  if (characterAt(position) == 'x') --position;
+  const char rank = characterAt(position);
+  if (rank >= '1' && rank <= '8') {
+    fromRank = rank - '1';
+    --position;
+  }
+  if (position < 0) return true;
+  const char file = characterAt(position);
+  if (file >= 'a' && file <= 'h') {
+    fromFile = file - 'a';
+    --position;
+  }
+  if (position < 0) return true;
+  const PieceKind named = kindOfLetter(characterAt(position));
+  if (named != emptyKind) kind = named;
+  return true;
+}
+
+std::int32_t PgnGame::result() const {
+  for (std::size_t index = tokens.size(); index > 0; --index) {
+    const std::string_view token = tokens[index - 1];
+    if (token == "1-0") return whiteWon;
+    if (token == "0-1") return blackWon;
+    if (token == "1/2-1/2") return draw;
+    if (token == "*") return noResult;
+  }
+  return noResult;
+}
+
+}  // namespace quorvane
