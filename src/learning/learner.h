@@ -11,6 +11,9 @@
 
 namespace quorvane {
 
+class DrawnPieces;
+class FitSystem;
+
 // The top object of a run: turns games into samples, samples into patterns, and patterns into weights, in
 // this order. Owns the samples and the network; its destructor ends the board. Every phase prints its
 // progress on standard output.
@@ -43,15 +46,14 @@ class Learner : public Board {
 
   // Of the type in use, with patterns of up to depth + 1 bits.
   void searchPatterns(std::int32_t depth);
-  // Appends `mask` and the patterns that add bits from `nextBit` on to it, as far as they are frequent, to
-  // the list of `kind`; gives how many it has appended.
-  std::int32_t searchNode(PieceKind kind, ConfigurationWord mask, std::int32_t nextBit, std::int32_t depth);
-  // Do at most `tries` drawn samples show `mask` often enough, one side against the other, to reach
-  // `threshold`?
-  bool isFrequent(PieceKind kind, ConfigurationWord mask, std::int32_t threshold, std::int32_t tries) const;
+  // Extends a pattern by `bit`: if that is frequent among the pieces on which the pattern fires, appends it
+  // to the list of `kind`, and behind it what is frequent of its own extensions by higher bits, `depth`
+  // levels down. Gives how many nodes it has appended.
+  std::int32_t searchNode(PieceKind kind, const DrawnPieces& parentPieces, ConfigurationWord parentMask,
+                          std::int32_t bit, std::int32_t depth);
 
-  // Of the type in use.
-  void fitWeights();
+  // Of the type in use, whose system it works on.
+  void fitWeights(FitSystem& system);
 
   Table<SampleSet, positionTypeCount> sampleSets;
   SampleSet* currentSet = nullptr;

@@ -1,5 +1,6 @@
 #include <iostream>
 
+#include "learning/fit_system.h"
 #include "learning/learner.h"
 
 namespace quorvane {
@@ -16,24 +17,25 @@ void Learner::fitAllWeights() {
     std::cout << "Fitting weights of positiontype " << type << ".\n";
     currentSet = &sampleSets[type];
     network.classifyPosition(type, true);
-    fitWeights();
-    network.conjugateStep(*currentSet, true);
+    FitSystem system(*currentSet, network.row());
+    fitWeights(system);
+    network.conjugateStep(system, true);
   }
 }
 
-void Learner::fitWeights() {
+void Learner::fitWeights(FitSystem& system) {
   network.clearWeights();
-  double previous = network.buildPreconditioner(*currentSet);
+  double previous = network.buildPreconditioner(system);
   std::cout << "Weight fitting ";
-  double objective = network.conjugateStep(*currentSet, false);
+  double objective = network.conjugateStep(system, false);
   while (previous - objective > tolerance) {
     previous = objective;
-    objective = network.conjugateStep(*currentSet, false);
+    objective = network.conjugateStep(system, false);
   }
   std::cout << " done.\n";
   Network::saveNetwork();
   std::cout << "\n";
-  std::cout << "Hit percentage: " << network.hitPercentage(*currentSet) << "%\n\n";
+  std::cout << "Hit percentage: " << Network::hitPercentage(system) << "%\n\n";
 }
 
 }  // namespace quorvane

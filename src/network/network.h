@@ -6,11 +6,12 @@
 #include "board/board.h"
 #include "board/table.h"
 #include "learning/sample.h"
-#include "learning/sample_set.h"
 #include "network/eval_cache.h"
 #include "network/network_table.h"
 
 namespace quorvane {
+
+class FitSystem;
 
 // The model at work: one row of the network table, and caches of what its words are worth. A piece is worth
 // the sum of the weights of all patterns contained in its word; a position the sum over the pieces of the
@@ -38,6 +39,7 @@ class Network : public Board {
 
   // Of the row in use.
   void clearWeights();
+  NetworkRow& row() { return *currentLists; }
   void clearNodeList(PieceKind kind);
   // Gives the index of the new node, all of whose fields are zero.
   std::int32_t appendNode(PieceKind kind);
@@ -47,21 +49,16 @@ class Network : public Board {
   static void loadNetwork();
   static void saveNetwork();
 
-  // The steps of the fit; docs and formulas stand in learning/conjugate_gradients.cpp. Both give f(w) at the
-  // weights that they found, 0.0 for an empty set (conjugateStep with reportOnly: always 0.0).
-  double buildPreconditioner(const SampleSet& set);
-  double conjugateStep(const SampleSet& set, bool reportOnly);
+  // The steps of the fit of the row in use, whose system they work on. The first two give f(w) at the weights
+  // that they found, 0.0 for an empty set (conjugateStep with reportOnly: always 0.0).
+  double buildPreconditioner(FitSystem& system);
+  double conjugateStep(FitSystem& system, bool reportOnly);
   // Percentage of samples whose value is less than 1.0 away from the target; 100 for an empty set.
-  float hitPercentage(const SampleSet& set);
+  static float hitPercentage(const FitSystem& system);
 
  private:
   double evaluateList(const std::vector<PieceConfiguration>& list, Table<EvalCache, pieceKindCount>& caches,
                       double sign, double value) const;
-
-  double accumulateCounts(const Sample& sample);
-  void accumulateGradient(const Sample& sample, double amount);
-  double directionTerms(const Sample& sample, double& slope);
-  double lineSearch(const SampleSet& set);
 
   Table<EvalCache, pieceKindCount> ownCaches;
   Table<EvalCache, pieceKindCount> opposingCaches;  // hold negative values
