@@ -2,36 +2,38 @@
 
 namespace quorvane {
 
-std::size_t ConfigurationTable::slotOf(const PieceConfiguration& configuration) const {
+ConfigurationTable::Slot& ConfigurationTable::slotOf(std::vector<Slot>& slots, ConfigurationWord word) {
   // Fibonacci hashing: the upper half of the product depends on every bit of the word.
-  const std::uint64_t key = (std::uint64_t{configuration.kind} << 32) | configuration.word;
   const std::size_t mask = slots.size() - 1;
-  auto slot = static_cast<std::size_t>((key * 0x9e3779b97f4a7c15U) >> 32) & mask;
-  while (slots[slot] != freeSlot && configurations[slots[slot]] != configuration) slot = (slot + 1) & mask;
-  return slot;
+  auto slot = static_cast<std::size_t>((word * 0x9e3779b97f4a7c15U) >> 32) & mask;
+  while (slots[slot].number != freeSlot && slots[slot].word != word) slot = (slot + 1) & mask;
+  return slots[slot];
 }
 
-void ConfigurationTable::grow() {
-  const std::size_t slotCount = slots.empty() ? smallestSlotCount : 2 * slots.size();
-  slots.assign(slotCount, freeSlot);
-  for (std::uint32_t number = 0; number < configurations.size(); ++number) {
-    slots[slotOf(configurations[number])] = number;
+void ConfigurationTable::grow(Words& words) {
+  constexpr std::size_t smallest = 256;
+  std::vector<Slot> larger(words.slots.empty() ? smallest : 2 * words.slots.size(), {0, freeSlot});
+  for (const Slot& slot : words.slots) {
+    if (slot.number != freeSlot) slotOf(larger, slot.word) = slot;
   }
+  words.slots = std::move(larger);
 }
 
 std::uint32_t ConfigurationTable::numberOf(const PieceConfiguration& configuration) {
-  if (2 * configurations.size() >= slots.size()) grow();
-  std::uint32_t& number = slots[slotOf(configuration)];
-  if (number == freeSlot) {
-    number = static_cast<std::uint32_t>(configurations.size());
+  Words& words = wordsByKind[configuration.kind];
+  if (2 * words.used >= words.slots.size()) grow(words);
+  Slot& slot = slotOf(words.slots, configuration.word);
+  if (slot.number == freeSlot) {
+    slot = {configuration.word, static_cast<std::uint32_t>(configurations.size())};
+    ++words.used;
     configurations.push_back(configuration);
   }
-  return number;
+  return slot.number;
 }
 
 void ConfigurationTable::clear() {
   configurations.clear();
-  slots.clear();
+  wordsByKind = {};
 }
 
 }  // namespace quorvane

@@ -4,12 +4,12 @@
 #include <cstdint>
 #include <vector>
 
+#include "board/table.h"
 #include "learning/sample.h"
 
 namespace quorvane {
 
-// Numbers different configurations 0, 1, 2, ... in the order in which they first come: an open-addressed hash
-// table with linear probing over an array of the configurations.
+// Numbers different configurations 0, 1, 2, ... in the order in which they first come.
 class ConfigurationTable {
  public:
   // The number of `configuration`, a new one if it has none yet. At most 2^32 - 1 different ones.
@@ -22,13 +22,23 @@ class ConfigurationTable {
 
  private:
   static constexpr std::uint32_t freeSlot = 0xffffffff;
-  static constexpr std::size_t smallestSlotCount = 1024;
 
-  std::size_t slotOf(const PieceConfiguration& configuration) const;
-  void grow();
+  struct Slot {
+    ConfigurationWord word;
+    std::uint32_t number;  // freeSlot in a free one
+  };
+
+  // The words of one kind: an open-addressed hash table with linear probing.
+  struct Words {
+    std::vector<Slot> slots;  // a power of two, at most half of it in use
+    std::size_t used = 0;
+  };
+
+  static Slot& slotOf(std::vector<Slot>& slots, ConfigurationWord word);
+  static void grow(Words& words);
 
   std::vector<PieceConfiguration> configurations;
-  std::vector<std::uint32_t> slots;  // numbers; a power of two, at most half of it in use
+  Table<Words, pieceKindCount> wordsByKind;
 };
 
 }  // namespace quorvane

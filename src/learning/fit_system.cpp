@@ -4,6 +4,7 @@
 #include <cmath>
 #include <numeric>
 
+#include "learning/ordered_sums.h"
 #include "network/eval_cache.h"
 
 namespace quorvane {
@@ -29,20 +30,8 @@ class CacheModel {
   std::vector<ConfigurationWord> words;
 };
 
-}  // namespace
-
-FitSystem::FitSystem(const SampleSet& set, NetworkRow& row) {
-  for (NodeList& list : row) {
-    for (PatternNode& node : list) allNodes.push_back(&node);
-  }
-  const std::vector<std::uint32_t> byPlace = rankConfigurations(set);
-  findFiringNodes(set, byPlace, row);
-  std::vector<std::uint32_t> places(byPlace.size());
-  for (std::uint32_t place = 0; place < byPlace.size(); ++place) places[byPlace[place]] = place;
-  storeSamples(set, places);
-}
-
-std::vector<std::uint32_t> FitSystem::rankConfigurations(const SampleSet& set) {
+// The numbers of the set's configurations, the most frequent first.
+std::vector<std::uint32_t> rankConfigurations(const SampleSet& set) {
   std::vector<std::uint32_t> frequency(set.configurations().size());
   for (std::size_t index = 0; index < set.size(); ++index) {
     const SampleSet::View sample = set.view(index);
@@ -56,26 +45,30 @@ std::vector<std::uint32_t> FitSystem::rankConfigurations(const SampleSet& set) {
   return numbers;
 }
 
-void FitSystem::findFiringNodes(const SampleSet& set, const std::vector<std::uint32_t>& byPlace,
-                                const NetworkRow& row) {
-  Table<std::size_t, pieceKindCount> firstNode{};
-  for (std::int32_t kind = 1; kind < pieceKindCount; ++kind) {
-    firstNode[kind] = firstNode[kind - 1] + row[kind - 1].size();
+}  // namespace
+
+FitSystem::FitSystem(const SampleSet& set, NetworkRow& networkRow) : samples(set), row(networkRow) {
+  for (std::int32_t kind = 0; kind < pieceKindCount; ++kind) {
+    kinds[kind].list = &networkRow[kind];
+    kinds[kind].firstNode = allNodes.size();
+    for (PatternNode& node : networkRow[kind]) allNodes.push_back(&node);
   }
-  configurations.resize(byPlace.size());
-  firingEnds.reserve(byPlace.size());
-  for (const std::uint32_t number : byPlace) {
+  const std::vector<std::uint32_t> byFrequency = rankConfigurations(set);
+  configurations.resize(byFrequency.size());
+  std::vector<std::uint32_t> places(byFrequency.size());
+  for (std::uint32_t place = 0; place < byFrequency.size(); ++place) {
+    const std::uint32_t number = byFrequency[place];
+    places[number] = place;
     const PieceConfiguration& piece = set.configurations()[number];
-    const NodeList& list = row[piece.kind];
-    forEachFiringNode(list, piece.word, [&](const PatternNode& node) {
-      const std::size_t place = firstNode[piece.kind] + static_cast<std::size_t>(&node - list.data());
-      firingNodes.push_back(static_cast<std::uint16_t>(place));
-    });
-    firingEnds.push_back(static_cast<std::uint32_t>(firingNodes.size()));
+    kinds[piece.kind].words.push_back(piece.word);
+    kinds[piece.kind].places.push_back(place);
   }
+  for (Kind& kind : kinds) kind.matrix.emplace(*kind.list, kind.words);
+  storeSamples(places);
 }
 
-void FitSystem::storeSamples(const SampleSet& set, const std::vector<std::uint32_t>& places) {
+void FitSystem::storeSamples(const std::vector<std::uint32_t>& places) {
+  const SampleSet& set = samples;
   std::size_t pieces = 0;
   for (std::size_t index = 0; index < set.size(); ++index) {
     pieces += set.view(index).ownList.size() + set.view(index).opposingList.size();
@@ -112,42 +105,12 @@ void FitSystem::storeSamples(const SampleSet& set, const std::vector<std::uint32
   lineResiduals.resize(set.size());
 }
 
-std::vector<double> FitSystem::squaredCounts() const {
-  std::vector<double> squares(allNodes.size());
-  std::vector<std::int32_t> counts(allNodes.size());
-  const Reference* reference = references.data();
-  const auto forEachFiring = [&](const Reference* first, std::size_t count, auto visit) {
-    for (std::size_t piece = 0; piece < count; ++piece) {
-      const std::size_t place = first[piece] >> placeShift;
-      for (std::size_t entry = place == 0 ? 0 : firingEnds[place - 1]; entry < firingEnds[place]; ++entry) {
-        visit(firingNodes[entry]);
-      }
-    }
-  };
-  for (std::size_t sample = 0; sample < targets.size(); ++sample) {
-    const Reference* const opposing = reference + ownCounts[sample];
-    forEachFiring(reference, ownCounts[sample], [&](std::size_t node) { ++counts[node]; });
-    forEachFiring(opposing, opposingCounts[sample], [&](std::size_t node) { --counts[node]; });
-    const std::size_t pieces = std::size_t{ownCounts[sample]} + opposingCounts[sample];
-    forEachFiring(reference, pieces, [&](std::size_t node) {
-      const auto count = static_cast<double>(counts[node]);
-      squares[node] += count * count;
-      counts[node] = 0;
-    });
-    reference += pieces;
-  }
-  return squares;
-}
-
 void FitSystem::updateValues() {
-  std::vector<double> weights;
-  for (const PatternNode* node : allNodes) weights.push_back(static_cast<double>(node->weight));
-  const std::uint16_t* entry = firingNodes.data();
-  for (std::size_t place = 0; place < configurations.size(); ++place) {
-    const std::uint16_t* const end = firingNodes.data() + firingEnds[place];
-    double sum = 0.0;
-    while (entry != end) sum += weights[*entry++];
-    configurations[place] = {sum, 0.0};
+  std::vector<double> sums;
+  for (const Kind& kind : kinds) {
+    sums.resize(kind.words.size());
+    sumWeightsInOrder(*kind.list, kind.words, *kind.matrix, sums);
+    for (std::size_t i = 0; i < sums.size(); ++i) configurations[kind.places[i]] = {sums[i], 0.0};
   }
 }
 
@@ -199,26 +162,25 @@ FitSystem::Residuals FitSystem::residualsAndGradient() {
     for (; reference != end; ++reference) configurations[*reference >> placeShift].term -= amount;
   }
 
+  std::vector<double> terms;
   std::vector<double> directions(allNodes.size());
-  const std::uint16_t* entry = firingNodes.data();
-  for (std::size_t place = 0; place < configurations.size(); ++place) {
-    const std::uint16_t* const endOfNodes = firingNodes.data() + firingEnds[place];
-    const double term = configurations[place].term;
-    while (entry != endOfNodes) directions[*entry++] += term;
+  for (const Kind& kind : kinds) {
+    terms.resize(kind.words.size());
+    for (std::size_t i = 0; i < terms.size(); ++i) terms[i] = configurations[kind.places[i]].term;
+    kind.matrix->addWords(terms, std::span(directions).subspan(kind.firstNode));
   }
   for (std::size_t node = 0; node < allNodes.size(); ++node) allNodes[node]->direction += directions[node];
   return result;
 }
 
 double FitSystem::lineSearch() {
+  std::vector<double> directions;
+  for (const PatternNode* node : allNodes) directions.push_back(node->preconditioner * node->direction);
   std::vector<double> slopes;
-  for (const PatternNode* node : allNodes) slopes.push_back(node->preconditioner * node->direction);
-  const std::uint16_t* entry = firingNodes.data();
-  for (std::size_t place = 0; place < configurations.size(); ++place) {
-    const std::uint16_t* const end = firingNodes.data() + firingEnds[place];
-    double sum = 0.0;
-    while (entry != end) sum += slopes[*entry++];
-    configurations[place].term = sum;
+  for (const Kind& kind : kinds) {
+    slopes.resize(kind.words.size());
+    kind.matrix->sumNodes(std::span(directions).subspan(kind.firstNode), slopes);
+    for (std::size_t i = 0; i < slopes.size(); ++i) configurations[kind.places[i]].term = slopes[i];
   }
   double b = 0.0;
   double c = 0.0;

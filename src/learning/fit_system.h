@@ -2,9 +2,12 @@
 #define QUORVANE_LEARNING_FIT_SYSTEM_H_
 
 #include <cstdint>
+#include <optional>
 #include <vector>
 
+#include "learning/firing_matrix.h"
 #include "learning/sample_set.h"
+#include "learning/squared_counts.h"
 #include "network/network_table.h"
 
 namespace quorvane {
@@ -22,7 +25,8 @@ namespace quorvane {
 // caches does not depend on the weights, so it is worked out once: a step rounds what a cache would have
 // rounded.
 //
-// Refers to the nodes of the row, which must neither move nor change their masks while the system exists.
+// Refers to the set and to the nodes of the row, which must neither move nor change their masks while the
+// system exists.
 class FitSystem {
  public:
   FitSystem(const SampleSet& set, NetworkRow& row);
@@ -33,7 +37,7 @@ class FitSystem {
   const std::vector<PatternNode*>& nodes() const { return allNodes; }
 
   // sum_s c(i, s)^2 for every node.
-  std::vector<double> squaredCounts() const;
+  std::vector<double> squaredCounts() const { return squaredNetCounts(samples, row); }
 
   // Takes over the weights of the nodes. Must follow every change of them.
   void updateValues();
@@ -62,22 +66,29 @@ class FitSystem {
     double term;   // what a pass collects or hands out: its share of the gradient, or its slope
   };
 
+  // The configurations of one kind.
+  struct Kind {
+    const NodeList* list;
+    std::size_t firstNode;  // of the list, in allNodes
+    std::vector<ConfigurationWord> words;
+    std::vector<std::uint32_t> places;  // of the words, in `configurations`
+    std::optional<FiringMatrix> matrix;
+  };
+
   // A piece of a sample: the place of its configuration, above two bits that tell whether a cache misses it.
   using Reference = std::uint32_t;
   static constexpr int placeShift = 2;
   static constexpr Reference missesClearedCache = 1;
   static constexpr Reference missesFilledCache = 2;
 
-  std::vector<std::uint32_t> rankConfigurations(const SampleSet& set);
-  void findFiringNodes(const SampleSet& set, const std::vector<std::uint32_t>& byPlace,
-                       const NetworkRow& row);
-  void storeSamples(const SampleSet& set, const std::vector<std::uint32_t>& places);
+  void storeSamples(const std::vector<std::uint32_t>& places);
 
+  const SampleSet& samples;
+  const NetworkRow& row;
   std::vector<PatternNode*> allNodes;
 
+  Table<Kind, pieceKindCount> kinds;
   std::vector<Configuration> configurations;  // the most frequent ones first, which keeps them close together
-  std::vector<std::uint16_t> firingNodes;  // of all configurations, one after the other; places in allNodes
-  std::vector<std::uint32_t> firingEnds;   // of each configuration in firingNodes
 
   std::vector<Reference> references;  // of all samples: own pieces, then opposing ones
   std::vector<std::uint8_t> ownCounts;
