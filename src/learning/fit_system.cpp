@@ -54,7 +54,8 @@ FitSystem::FitSystem(const SampleSet& set, NetworkRow& networkRow) : samples(set
     for (PatternNode& node : networkRow[kind]) allNodes.push_back(&node);
   }
   const std::vector<std::uint32_t> byFrequency = rankConfigurations(set);
-  configurations.resize(byFrequency.size());
+  values.resize(2 * byFrequency.size());
+  terms.resize(byFrequency.size());
   std::vector<std::uint32_t> places(byFrequency.size());
   for (std::uint32_t place = 0; place < byFrequency.size(); ++place) {
     const std::uint32_t number = byFrequency[place];
@@ -80,7 +81,7 @@ void FitSystem::storeSamples(const std::vector<std::uint32_t>& places) {
     const auto storeList = [&](std::span<const std::uint32_t> numbers, std::size_t list) {
       for (const std::uint32_t number : numbers) {
         const bool missed = caches.misses(set.configurations()[number], list);
-        references.push_back((places[number] << placeShift) | (missed ? missesClearedCache : 0));
+        references.push_back((places[number] << 1) | (missed ? missesClearedCache : 0));
       }
     };
     storeList(sample.ownList, 0);
@@ -110,88 +111,85 @@ void FitSystem::updateValues() {
   for (const Kind& kind : kinds) {
     sums.resize(kind.words.size());
     sumWeightsInOrder(*kind.list, kind.words, *kind.matrix, sums);
-    for (std::size_t i = 0; i < sums.size(); ++i) configurations[kind.places[i]] = {sums[i], 0.0};
+    for (std::size_t i = 0; i < sums.size(); ++i) {
+      double* const pair = &values[2 * std::size_t{kind.places[i]}];
+      pair[0] = static_cast<double>(static_cast<float>(sums[i]));
+      pair[1] = sums[i];
+    }
   }
 }
 
 FitSystem::Residuals FitSystem::residuals(Caches caches) const {
-  const Reference miss = caches == Caches::cleared ? missesClearedCache : missesFilledCache;
   Residuals result;
   const Reference* reference = references.data();
   for (std::size_t sample = 0; sample < targets.size(); ++sample) {
-    double value = 0.0;
     const auto worth = [&] {
-      const double sum = configurations[*reference >> placeShift].value;
-      return (*reference++ & miss) != 0 ? sum : static_cast<double>(static_cast<float>(sum));
+      const Reference piece = *reference++;
+      if (caches == Caches::cleared) return values[valueIndex(piece)];
+      const bool missed = (piece & missesFilledCache) != 0;
+      return values[2 * termIndex(piece) + (missed ? 1 : 0)];
     };
+    double value = 0.0;
     for (int own = ownCounts[sample]; own > 0; --own) value += worth();
     for (int opposing = opposingCounts[sample]; opposing > 0; --opposing) value -= worth();
-    const double residual = targets[sample] - value;
-    result.squares += residual * residual;
-    result.absolutes += std::abs(residual);
-    if (std::abs(residual) < 1.0) ++result.hits;
+    result.add(targets[sample] - value);
   }
   return result;
 }
 
 FitSystem::Residuals FitSystem::residualsAndGradient() {
+  std::fill(terms.begin(), terms.end(), 0.0);
   Residuals result;
-  Reference* reference = references.data();
+  const Reference* reference = references.data();
   for (std::size_t sample = 0; sample < targets.size(); ++sample) {
     const Reference* const opposing = reference + ownCounts[sample];
     const Reference* const end = opposing + opposingCounts[sample];
     double value = 0.0;
     double unrounded = 0.0;
     for (const Reference* piece = reference; piece != opposing; ++piece) {
-      const double sum = configurations[*piece >> placeShift].value;
-      value += (*piece & missesClearedCache) != 0 ? sum : static_cast<double>(static_cast<float>(sum));
-      unrounded += sum;
+      value += values[valueIndex(*piece)];
+      unrounded += values[unroundedIndex(*piece)];
     }
     for (const Reference* piece = opposing; piece != end; ++piece) {
-      const double sum = configurations[*piece >> placeShift].value;
-      value -= (*piece & missesClearedCache) != 0 ? sum : static_cast<double>(static_cast<float>(sum));
-      unrounded -= sum;
+      value -= values[valueIndex(*piece)];
+      unrounded -= values[unroundedIndex(*piece)];
     }
-    const double residual = targets[sample] - value;
-    result.squares += residual * residual;
-    result.absolutes += std::abs(residual);
     lineResiduals[sample] = targets[sample] - unrounded;
-
+    const double residual = targets[sample] - value;
+    result.add(residual);
     const double amount = 2.0 * residual;
-    for (; reference != opposing; ++reference) configurations[*reference >> placeShift].term += amount;
-    for (; reference != end; ++reference) configurations[*reference >> placeShift].term -= amount;
+    for (; reference != opposing; ++reference) terms[termIndex(*reference)] += amount;
+    for (; reference != end; ++reference) terms[termIndex(*reference)] -= amount;
   }
 
-  std::vector<double> terms;
-  std::vector<double> directions(allNodes.size());
+  std::vector<double> byWord;
+  std::vector<double> byNode(allNodes.size());
   for (const Kind& kind : kinds) {
-    terms.resize(kind.words.size());
-    for (std::size_t i = 0; i < terms.size(); ++i) terms[i] = configurations[kind.places[i]].term;
-    kind.matrix->addWords(terms, std::span(directions).subspan(kind.firstNode));
+    byWord.resize(kind.words.size());
+    for (std::size_t i = 0; i < byWord.size(); ++i) byWord[i] = terms[kind.places[i]];
+    kind.matrix->addWords(byWord, std::span(byNode).subspan(kind.firstNode));
   }
-  for (std::size_t node = 0; node < allNodes.size(); ++node) allNodes[node]->direction += directions[node];
+  for (std::size_t node = 0; node < allNodes.size(); ++node) allNodes[node]->direction += byNode[node];
   return result;
 }
 
 double FitSystem::lineSearch() {
-  std::vector<double> directions;
-  for (const PatternNode* node : allNodes) directions.push_back(node->preconditioner * node->direction);
+  std::vector<double> byNode;
+  for (const PatternNode* node : allNodes) byNode.push_back(node->preconditioner * node->direction);
   std::vector<double> slopes;
   for (const Kind& kind : kinds) {
     slopes.resize(kind.words.size());
-    kind.matrix->sumNodes(std::span(directions).subspan(kind.firstNode), slopes);
-    for (std::size_t i = 0; i < slopes.size(); ++i) configurations[kind.places[i]].term = slopes[i];
+    kind.matrix->sumNodes(std::span(byNode).subspan(kind.firstNode), slopes);
+    for (std::size_t i = 0; i < slopes.size(); ++i) terms[kind.places[i]] = slopes[i];
   }
   double b = 0.0;
   double c = 0.0;
   const Reference* reference = references.data();
   for (std::size_t sample = 0; sample < targets.size(); ++sample) {
     double slope = 0.0;
-    for (int own = ownCounts[sample]; own > 0; --own)
-      slope += configurations[*reference++ >> placeShift].term;
-    for (int opposing = opposingCounts[sample]; opposing > 0; --opposing) {
-      slope -= configurations[*reference++ >> placeShift].term;
-    }
+    for (int own = ownCounts[sample]; own > 0; --own) slope += terms[termIndex(*reference++)];
+    for (int opposing = opposingCounts[sample]; opposing > 0; --opposing)
+      slope -= terms[termIndex(*reference++)];
     b += slope * lineResiduals[sample];
     c += slope * slope;
   }

@@ -1,6 +1,7 @@
 #ifndef QUORVANE_LEARNING_FIT_SYSTEM_H_
 #define QUORVANE_LEARNING_FIT_SYSTEM_H_
 
+#include <cmath>
 #include <cstdint>
 #include <optional>
 #include <vector>
@@ -46,6 +47,12 @@ class FitSystem {
     double squares = 0.0;    // sum of r(s)^2
     double absolutes = 0.0;  // sum of |r(s)|
     std::size_t hits = 0;    // samples with |r(s)| below 1.0
+
+    void add(double residual) {
+      squares += residual * residual;
+      absolutes += std::abs(residual);
+      if (std::abs(residual) < 1.0) ++hits;
+    }
   };
   // What the evaluation caches hold when a pass over all samples begins.
   enum class Caches { cleared, filledByPassBefore };
@@ -60,26 +67,27 @@ class FitSystem {
   double lineSearch();
 
  private:
-  // One different configuration.
-  struct Configuration {
-    double value;  // sum of the weights of its firing nodes, in list order
-    double term;   // what a pass collects or hands out: its share of the gradient, or its slope
-  };
-
   // The configurations of one kind.
   struct Kind {
     const NodeList* list;
     std::size_t firstNode;  // of the list, in allNodes
     std::vector<ConfigurationWord> words;
-    std::vector<std::uint32_t> places;  // of the words, in `configurations`
+    std::vector<std::uint32_t> places;  // of the words, in `values` and `terms`
     std::optional<FiringMatrix> matrix;
   };
 
-  // A piece of a sample: the place of its configuration, above two bits that tell whether a cache misses it.
+  // A piece of a sample: twice the place of its configuration, plus 1 if a pass that begins with cleared
+  // caches misses it there, which makes an index of `values`. The top bit tells whether the pass after that
+  // one misses it.
   using Reference = std::uint32_t;
-  static constexpr int placeShift = 2;
   static constexpr Reference missesClearedCache = 1;
-  static constexpr Reference missesFilledCache = 2;
+  static constexpr Reference missesFilledCache = Reference{1} << 31;
+
+  static std::size_t valueIndex(Reference reference) { return reference & ~missesFilledCache; }
+  static std::size_t unroundedIndex(Reference reference) {
+    return valueIndex(reference) | missesClearedCache;
+  }
+  static std::size_t termIndex(Reference reference) { return valueIndex(reference) >> 1; }
 
   void storeSamples(const std::vector<std::uint32_t>& places);
 
@@ -88,7 +96,10 @@ class FitSystem {
   std::vector<PatternNode*> allNodes;
 
   Table<Kind, pieceKindCount> kinds;
-  std::vector<Configuration> configurations;  // the most frequent ones first, which keeps them close together
+  // By place: the most frequent configurations come first, which keeps what is used most close together.
+  std::vector<double>
+      values;  // two of each, the sum of the weights of its firing nodes: rounded to 32 bits, and not
+  std::vector<double> terms;  // what a pass collects or hands out: a share of the gradient, or a slope
 
   std::vector<Reference> references;  // of all samples: own pieces, then opposing ones
   std::vector<std::uint8_t> ownCounts;
