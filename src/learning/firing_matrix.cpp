@@ -1,6 +1,7 @@
 #include "learning/firing_matrix.h"
 
 #include <algorithm>
+#include <numeric>
 
 namespace quorvane {
 
@@ -18,7 +19,7 @@ constexpr bool contains(ConfigurationWord word, ConfigurationWord part) {
   return (word & part) == part;
 }
 
-// A few different values, in ascending order.
+// The different values among some, numbered: in ascending order at first.
 class Values {
  public:
   template <typename Source, typename Value>
@@ -26,10 +27,29 @@ class Values {
     for (const auto& item : source) values.push_back(valueOf(item));
     std::sort(values.begin(), values.end());
     values.erase(std::unique(values.begin(), values.end()), values.end());
+    sorted = values;
+    numbers.resize(values.size());
+    std::iota(numbers.begin(), numbers.end(), std::size_t{0});
   }
 
-  std::uint32_t indexOf(ConfigurationWord value) const {
-    return static_cast<std::uint32_t>(std::lower_bound(values.begin(), values.end(), value) - values.begin());
+  // Numbers the values in ascending order of their keys instead.
+  template <typename Key>
+  void orderBy(Key keyOf) {
+    std::vector<std::size_t> keys;
+    for (const ConfigurationWord value : sorted) keys.push_back(keyOf(value));
+    std::vector<std::size_t> order(sorted.size());
+    std::iota(order.begin(), order.end(), std::size_t{0});
+    std::stable_sort(order.begin(), order.end(),
+                     [&](std::size_t a, std::size_t b) { return keys[a] < keys[b]; });
+    for (std::size_t number = 0; number < order.size(); ++number) {
+      numbers[order[number]] = number;
+      values[number] = sorted[order[number]];
+    }
+  }
+
+  std::size_t indexOf(ConfigurationWord value) const {
+    return numbers[static_cast<std::size_t>(std::lower_bound(sorted.begin(), sorted.end(), value) -
+                                            sorted.begin())];
   }
   std::size_t size() const { return values.size(); }
   ConfigurationWord operator[](std::size_t index) const { return values[index]; }
@@ -37,6 +57,8 @@ class Values {
   auto end() const { return values.end(); }
 
  private:
+  std::vector<ConfigurationWord> sorted;
+  std::vector<std::size_t> numbers;  // of the sorted values
   std::vector<ConfigurationWord> values;
 };
 
@@ -65,30 +87,39 @@ FiringMatrix::FiringMatrix(const NodeList& list, std::span<const ConfigurationWo
   const auto highOfMask = [](const PatternNode& node) { return highOf(node.mask); };
   const Values lowParts(list, lowOfMask);
   const Values highParts(list, highOfMask);
-  const Values lowHalves(allWords, lowOf);
+  Values lowHalves(allWords, lowOf);
   const Values highHalves(allWords, highOf);
 
   // Nodes without a high part are looked at once for each low half, all others by their high part.
   std::vector<Node> plainNodes;
-  std::vector<Index> highPartOfNode;
+  std::vector<std::size_t> highPartOfNode;
   std::vector<bool> lowPartIsUsed(lowParts.size());
-  for (Index number = 0; number < list.size(); ++number) {
-    const Node node{number, lowParts.indexOf(lowOfMask(list[number]))};
+  for (std::size_t number = 0; number < list.size(); ++number) {
+    const std::size_t lowPart = lowParts.indexOf(lowOfMask(list[number]));
+    const Node node{static_cast<Index>(number), static_cast<Index>(lowPart)};
     if (highOfMask(list[number]) == 0) {
       plainNodes.push_back(node);
     } else {
       nodes.push_back(node);
       highPartOfNode.push_back(highParts.indexOf(highOfMask(list[number])));
-      lowPartIsUsed[node.lowPart] = true;
+      lowPartIsUsed[lowPart] = true;
     }
   }
   nodeEnds = groupBy(nodes, highParts.size(), [&](std::size_t i) { return highPartOfNode[i]; });
 
   lowPartCount = lowParts.size();
-  for (const ConfigurationWord half : lowHalves) {
-    for (Index part = 0; part < lowParts.size(); ++part) {
-      if (lowPartIsUsed[part] && contains(half, lowParts[part])) lowPartsOfLowHalf.add(part);
+  const auto forEachUsedPart = [&](ConfigurationWord half, auto visit) {
+    for (std::size_t part = 0; part < lowParts.size(); ++part) {
+      if (contains(half, lowParts[part]) && lowPartIsUsed[part]) visit(part);
     }
+  };
+  lowHalves.orderBy([&](ConfigurationWord half) {
+    std::size_t count = 0;
+    forEachUsedPart(half, [&](std::size_t) { ++count; });
+    return count;
+  });
+  for (const ConfigurationWord half : lowHalves) {
+    forEachUsedPart(half, [&](std::size_t part) { lowPartsOfLowHalf.add(part); });
     lowPartsOfLowHalf.closeRow();
     for (const Node& node : plainNodes) {
       if (contains(half, list[node.number].mask)) nodesOfLowHalf.add(node.number);
@@ -96,17 +127,19 @@ FiringMatrix::FiringMatrix(const NodeList& list, std::span<const ConfigurationWo
     nodesOfLowHalf.closeRow();
   }
   for (const ConfigurationWord half : highHalves) {
-    for (Index part = 0; part < highParts.size(); ++part) {
+    for (std::size_t part = 0; part < highParts.size(); ++part) {
       if (highParts[part] != 0 && contains(half, highParts[part])) highPartsOfHighHalf.add(part);
     }
     highPartsOfHighHalf.closeRow();
   }
 
-  for (Index number = 0; number < allWords.size(); ++number) {
-    words.push_back({number, lowHalves.indexOf(lowOf(allWords[number]))});
+  for (std::size_t number = 0; number < allWords.size(); ++number) {
+    const std::size_t lowHalf = lowHalves.indexOf(lowOf(allWords[number]));
+    words.push_back({static_cast<std::uint32_t>(number), static_cast<std::uint32_t>(lowHalf)});
   }
+  groupBy(words, lowHalves.size(), [&](std::size_t i) { return words[i].lowHalf; });
   wordEnds = groupBy(words, highHalves.size(),
-                     [&](std::size_t i) { return highHalves.indexOf(highOf(allWords[i])); });
+                     [&](std::size_t i) { return highHalves.indexOf(highOf(allWords[words[i].number])); });
 }
 
 void FiringMatrix::sumNodes(std::span<const double> byNode, std::span<double> byWord) const {

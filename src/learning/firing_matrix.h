@@ -19,7 +19,8 @@ namespace quorvane {
 // up no more than the sums that its own low half contains.
 class FiringMatrix {
  public:
-  // Neither the list nor the words are needed afterwards. At most 2^32 - 1 words.
+  // Neither the list nor the words are needed afterwards. At most 65,535 nodes (patterns of up to three bits
+  // are no more than 5,488) and 2^32 - 1 words.
   FiringMatrix(const NodeList& list, std::span<const ConfigurationWord> words);
 
   // byWord[w] = sum over the nodes that fire on word w of byNode[node], regrouped.
@@ -29,12 +30,12 @@ class FiringMatrix {
   void addWords(std::span<const double> byWord, std::span<double> byNode) const;
 
  private:
-  using Index = std::uint32_t;
+  using Index = std::uint16_t;  // of a node, a part of masks
 
   // Rows of numbers of varying length, one behind the other.
   class Rows {
    public:
-    void add(Index number) { numbers.push_back(number); }
+    void add(std::size_t number) { numbers.push_back(static_cast<Index>(number)); }
     void closeRow() { ends.push_back(numbers.size()); }
     std::size_t size() const { return ends.size(); }
     std::span<const Index> operator[](std::size_t row) const {
@@ -48,8 +49,8 @@ class FiringMatrix {
   };
 
   struct Word {
-    Index number;   // in the caller's order
-    Index lowHalf;  // of the rows below
+    std::uint32_t number;   // in the caller's order
+    std::uint32_t lowHalf;  // of the rows below
   };
   struct Node {
     Index number;  // in the list
