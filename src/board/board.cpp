@@ -18,10 +18,10 @@ PositionType Board::positionType = lastPositionType;
 bool Board::pawnEnding = false;
 Board::PawnFiles Board::whitePawnFiles;
 Board::PawnFiles Board::blackPawnFiles;
-Board::ReachMap Board::movingKingReach;
-Board::ReachMap Board::opposingKingReach;
-Board::ReachMap* Board::ownKingReach = nullptr;
-Board::ReachMap* Board::enemyKingReach = nullptr;
+SquareSet Board::movingKingReach;
+SquareSet Board::opposingKingReach;
+SquareSet* Board::ownKingReach = nullptr;
+SquareSet* Board::enemyKingReach = nullptr;
 bool Board::singletonsExist = false;
 
 Board::Board() {

@@ -3,6 +3,7 @@
 
 #include <cstdint>
 
+#include "board/reach_tables.h"
 #include "board/records.h"
 #include "board/table.h"
 #include "board/types.h"
@@ -69,16 +70,19 @@ class Board {
 
   // Working storage of Network::computeConfigurations, valid only while it runs.
   using PawnFiles = Table<std::int32_t, 10>;  // pawns per file at file + 1, between two borders of 0
-  using ReachMap = Table<std::uint8_t, squareCount>;
   static PawnFiles whitePawnFiles;
   static PawnFiles blackPawnFiles;
-  static ReachMap movingKingReach;    // non-zero on the empty squares next to the king of the side to move
-  static ReachMap opposingKingReach;  // the same for the other king
-  static ReachMap* ownKingReach;      // as seen from the piece that is being described
-  static ReachMap* enemyKingReach;
+  static SquareSet movingKingReach;    // the empty squares next to the king of the side to move
+  static SquareSet opposingKingReach;  // the same for the other king
+  static SquareSet* ownKingReach;      // as seen from the piece that is being described
+  static SquareSet* enemyKingReach;
 
  private:
   static void undoPromotion();
+  // Puts the first fitting move into currentMove; the arguments are those of playGameMove. False if there is
+  // none.
+  static bool findMove(std::int32_t fromRank, std::int32_t fromFile, std::int32_t toRank, std::int32_t toFile,
+                       std::int32_t kind);
 
   static bool singletonsExist;
 };

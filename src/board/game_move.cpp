@@ -1,5 +1,6 @@
 #include "board/board.h"
 #include "board/piece.h"
+#include "board/reach_tables.h"
 
 namespace quorvane {
 
@@ -11,23 +12,19 @@ bool fits(std::int32_t wanted, std::int32_t value) {
   return wanted == any || wanted == value;
 }
 
-// A pawn takes only by these differences of square numbers.
-bool isPawnCapture(Square difference) {
-  return difference == 7 || difference == 9 || difference == -7 || difference == -9;
-}
-
 }  // namespace
 
 bool Piece::isAttacked() {
   const MoveRecord saved = currentMove;
   currentMove.to = square;
   currentMove.found = false;
-  Piece* const enemyKing = kings[side == black ? white : black];
-  Piece* attacker = enemyKing;
+  const SquareSet target = setOf(square);
+  Piece* attacker = kings[side == black ? white : black];
   bool attacked = false;
   do {
-    currentMove.from = attacker->square;
-    if (attacker->kind != pawnKind || isPawnCapture(square - attacker->square)) {
+    // Most pieces could not take here even on an empty board.
+    if ((attackSet[attacker->kind][attacker->square] & target) != 0) {
+      currentMove.from = attacker->square;
       attacker->testMove();
       attacked = currentMove.found;
     }
@@ -35,6 +32,47 @@ bool Piece::isAttacked() {
   } while (!attacked && attacker->kind != kingKind);
   currentMove = saved;
   return attacked;
+}
+
+bool Board::findMove(std::int32_t fromRank, std::int32_t fromFile, std::int32_t toRank, std::int32_t toFile,
+                     std::int32_t kind) {
+  const auto mayStartFrom = [&](Square square) {
+    return fits(fromRank, rankOf(square)) && fits(fromFile, fileOf(square));
+  };
+  Piece* const ownKing = kings[currentMove.sideToMove];
+
+  // Where the destination is known, as it is but for castling, testMove answers what a search through the
+  // generated records would find: a piece has one move there, or a promotion, whose first record is the
+  // queen's.
+  if (toRank != any && toFile != any) {
+    currentMove.to = squareAt(toRank, toFile);
+    Piece* piece = ownKing;
+    do {
+      if (piece->kind == kind && mayStartFrom(piece->square)) {
+        piece->testMove();
+        if (currentMove.found) {
+          currentMove.from = piece->square;
+          return true;
+        }
+      }
+      piece = piece->next;
+    } while (piece->kind != kingKind);
+    return false;
+  }
+
+  MoveList moves{moveBuffer, 0};
+  activeMoveList = &moves;
+  forEachInRing(ownKing, [kind](Piece& piece) {
+    if (piece.kind == kind) piece.generateMoves();
+  });
+  activeMoveList = nullptr;
+  for (const MoveRecord* move = moveBuffer; move != moves.cursor; ++move) {
+    if (mayStartFrom(move->from) && fits(toRank, rankOf(move->to)) && fits(toFile, fileOf(move->to))) {
+      currentMove = *move;
+      return true;
+    }
+  }
+  return false;
 }
 
 bool Board::playGameMove(std::int32_t fromRank, std::int32_t fromFile, std::int32_t toRank,
@@ -50,23 +88,10 @@ bool Board::playGameMove(std::int32_t fromRank, std::int32_t fromFile, std::int3
     return false;
   }
 
-  MoveList moves{moveBuffer, 0};
-  activeMoveList = &moves;
-  forEachInRing(kings[currentMove.sideToMove], [kind](Piece& piece) {
-    if (piece.kind == kind) piece.generateMoves();
-  });
-  activeMoveList = nullptr;
-  const MoveRecord* chosen = moveBuffer;
-  while (chosen != moves.cursor &&
-         !(fits(fromRank, rankOf(chosen->from)) && fits(fromFile, fileOf(chosen->from)) &&
-           fits(toRank, rankOf(chosen->to)) && fits(toFile, fileOf(chosen->to)))) {
-    ++chosen;
-  }
-  if (chosen == moves.cursor) return false;
+  if (!findMove(fromRank, fromFile, toRank, toFile, kind)) return false;
 
   const bool promotes = promotion >= knightKind && promotion <= queenKind;
   if (promotes && kind == kingKind) return false;  // it would take the king out of its ring
-  currentMove = *chosen;
   if (promotes) {
     // In the order of PieceKind. The record's own kind does not matter: the generators leave bishop and rook
     // out.

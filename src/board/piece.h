@@ -5,6 +5,7 @@
 #include <cstdint>
 
 #include "board/board.h"
+#include "board/reach_tables.h"
 #include "board/types.h"
 
 namespace quorvane {
@@ -77,12 +78,11 @@ class Piece : public Board {
   void generatePawnCaptures(const PawnRules& rules);
   void addPawnConfiguration(const PawnRules& rules);
 
-  // What knight, bishop, rook and queen describe alike: marks on the pieces that they reach, the free squares
-  // beside the kings that they reach, and where they stand.
-  void addReachBySteps();
-  void addReachAlongRays();
-  void addReachOf(Square reached, std::int32_t& besideEnemyKing);
-  void addPlace(std::int32_t besideEnemyKing);
+  // What knight, bishop, rook and queen describe alike: a mark on a piece that they reach, and where they
+  // stand, with the free squares that they reach. The rays are those of raysFrom.
+  void markReached(Piece& reached) const;
+  void addReachAlongRays(std::int32_t firstRay, std::int32_t endRay);
+  void addPlace(SquareSet freeSquares);
   void addMinorPlace();
 };
 

@@ -43,8 +43,8 @@ void Network::computeConfigurations() {
   });
 
   // A king fills the map of its neighbour squares before any piece reads it.
-  movingKingReach = {};
-  opposingKingReach = {};
+  movingKingReach = 0;
+  opposingKingReach = 0;
   const auto describe = [](Piece& piece, ConfigurationWord material) {
     piece.configuration |= material;
     piece.addConfiguration();

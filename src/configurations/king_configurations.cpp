@@ -1,5 +1,5 @@
-#include "board/mailbox.h"
 #include "board/piece.h"
+#include "board/reach_tables.h"
 #include "configurations/configuration_word.h"
 #include "configurations/square_masks.h"
 
@@ -8,13 +8,11 @@ namespace quorvane {
 void King::addConfiguration() {
   std::int32_t freeCount = 0;
   std::int32_t pawnCount = 0;
-  for (const std::int32_t* direction = directions; *direction != noSquare; ++direction) {
-    const Square neighbour = stepFrom(square, *direction);
-    if (neighbour == noSquare) continue;
+  for (const std::uint8_t neighbour : kingSteps[square]) {
     Piece& piece = *board[neighbour];
     if (piece.kind == emptyKind) {
       ++freeCount;
-      (*ownKingReach)[neighbour] = 1;
+      *ownKingReach |= setOf(neighbour);
     } else if (piece.side == side) {
       piece.configuration |= guardedBy(kingKind);
       if (piece.kind == pawnKind) ++pawnCount;

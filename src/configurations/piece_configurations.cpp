@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <cstdlib>
 
-#include "board/mailbox.h"
 #include "board/piece.h"
+#include "board/reach_tables.h"
 #include "configurations/configuration_word.h"
 #include "configurations/square_masks.h"
 
@@ -24,42 +24,32 @@ std::int32_t fileDistance(const Piece& a, const Piece& b) {
 // The empty square's piece describes nothing.
 void Piece::addConfiguration() {}
 
-void Piece::addReachOf(Square reached, std::int32_t& besideEnemyKing) {
-  Piece& piece = *board[reached];
-  if (piece.kind != emptyKind) {
-    piece.configuration |= piece.side == side ? guardedBy(kind) : attackedBy(kind);
-    return;
-  }
-  if ((*enemyKingReach)[reached] != 0) ++besideEnemyKing;
-  if ((*ownKingReach)[reached] != 0) configuration |= reachesBesideOwnKing;
+void Piece::markReached(Piece& reached) const {
+  reached.configuration |= reached.side == side ? guardedBy(kind) : attackedBy(kind);
 }
 
-void Piece::addReachBySteps() {
-  std::int32_t besideEnemyKing = 0;
-  for (const std::int32_t* direction = directions; *direction != noSquare; ++direction) {
-    const Square reached = stepFrom(square, *direction);
-    if (reached != noSquare) addReachOf(reached, besideEnemyKing);
+void Piece::addReachAlongRays(std::int32_t firstRay, std::int32_t endRay) {
+  const Piece* const empty = board[noSquare];
+  SquareSet freeSquares = 0;
+  for (std::int32_t ray = firstRay; ray < endRay; ++ray) {
+    for (const std::uint8_t reached : raysFrom[square][ray]) {
+      if (board[reached] != empty) {
+        markReached(*board[reached]);
+        break;
+      }
+      freeSquares |= setOf(reached);
+    }
   }
-  addPlace(besideEnemyKing);
+  addPlace(freeSquares);
 }
 
-void Piece::addReachAlongRays() {
-  std::int32_t besideEnemyKing = 0;
-  for (const std::int32_t* direction = directions; *direction != noSquare; ++direction) {
-    Square reached = square;
-    do {
-      reached = stepFrom(reached, *direction);
-      if (reached == noSquare) break;
-      addReachOf(reached, besideEnemyKing);
-    } while (board[reached]->kind == emptyKind);
-  }
-  addPlace(besideEnemyKing);
-}
-
-void Piece::addPlace(std::int32_t besideEnemyKing) {
+void Piece::addPlace(SquareSet freeSquares) {
   configuration |= zoneMask[square] | centreMask[square];
-  if (besideEnemyKing == 1) configuration |= reachesOneBesideEnemyKing;
-  if (besideEnemyKing >= 2) configuration |= reachesMoreBesideEnemyKing;
+  if ((freeSquares & *ownKingReach) != 0) configuration |= reachesBesideOwnKing;
+  const SquareSet besideEnemyKing = freeSquares & *enemyKingReach;
+  if (besideEnemyKing == 0) return;
+  const bool moreThanOne = (besideEnemyKing & (besideEnemyKing - 1)) != 0;
+  configuration |= moreThanOne ? reachesMoreBesideEnemyKing : reachesOneBesideEnemyKing;
 }
 
 void Piece::addMinorPlace() {
@@ -69,24 +59,33 @@ void Piece::addMinorPlace() {
 }
 
 void Knight::addConfiguration() {
-  addReachBySteps();
+  const Piece* const empty = board[noSquare];
+  SquareSet freeSquares = 0;
+  for (const std::uint8_t reached : knightSteps[square]) {
+    if (board[reached] == empty) {
+      freeSquares |= setOf(reached);
+    } else {
+      markReached(*board[reached]);
+    }
+  }
+  addPlace(freeSquares);
   addMinorPlace();
 }
 
 void Bishop::addConfiguration() {
-  addReachAlongRays();
+  addReachAlongRays(0, firstStraightRay);
   addMinorPlace();
 }
 
 void Rook::addConfiguration() {
-  addReachAlongRays();
+  addReachAlongRays(firstStraightRay, rayCount);
   const Piece& enemyKing = *kings[1 - side];
   if (fileDistance(*this, enemyKing) <= 2) configuration |= rook_bits::enemyKingNearByFile;
   if (rankDistance(*this, enemyKing) <= 2) configuration |= rook_bits::enemyKingNearByRank;
 }
 
 void Queen::addConfiguration() {
-  addReachAlongRays();
+  addReachAlongRays(0, rayCount);
   const Piece& enemyKing = *kings[1 - side];
   const std::int32_t kingDistance = std::max(fileDistance(*this, enemyKing), rankDistance(*this, enemyKing));
   if (kingDistance <= 2) {

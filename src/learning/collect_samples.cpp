@@ -1,6 +1,7 @@
 #include <cmath>
 #include <cstdlib>
 #include <iostream>
+#include <span>
 
 #include "board/piece.h"
 #include "learning/learner.h"
@@ -51,17 +52,50 @@ class QuietFilter {
   Table<std::int32_t, 4> later{};  // one to four plies later; 0 behind the end of the game
 };
 
-std::int32_t materialOf(Piece* king) {
-  std::int32_t material = 0;
-  forEachInRing(king, [&](const Piece& piece) { material += piece.material; });
-  return material;
-}
+// The material of both sides along a game.
+class MaterialLine {
+ public:
+  MaterialLine(Piece* whiteKing, Piece* blackKing) {
+    forEachInRing(whiteKing, [&](const Piece& piece) { now[white] += piece.material; });
+    forEachInRing(blackKing, [&](const Piece& piece) { now[black] += piece.material; });
+  }
 
-void describeSide(Piece* king, std::vector<PieceConfiguration>& list) {
-  forEachInRing(king, [&](const Piece& piece) {
-    list.push_back({piece.configuration, static_cast<std::uint8_t>(piece.kind)});
-  });
-}
+  // Goes on to the position at `depth`, which `move` has led to.
+  void follow(std::int32_t depth, const UndoRecord& move) {
+    const Piece& mover = *move.movedPiece;
+    now[1 - mover.side] -= move.capturedPiece->material;  // nothing for the empty square
+    if (move.undoKind == enPassantCapture) now[1 - mover.side] -= move.auxPiece->material;
+    if (move.undoKind >= promoteToQueen) now[mover.side] += mover.material - move.auxPiece->material;
+    sums[white] += now[white];
+    sums[black] += now[black];
+    differences[depth] = std::abs(now[white] - now[black]);
+  }
+
+  // Over all positions followed.
+  std::int64_t sum(Side side) const { return sums[side]; }
+  std::int32_t differenceAt(std::int32_t depth) const { return differences[depth]; }
+
+ private:
+  Table<std::int32_t, 2> now{};
+  Table<std::int64_t, 2> sums{};
+  Table<std::int32_t, historyCapacity> differences;
+};
+
+// The configurations of one side, in the order of its ring.
+class SideConfigurations {
+ public:
+  explicit SideConfigurations(Piece* king) {
+    forEachInRing(king, [&](const Piece& piece) {
+      pieces[count++] = {piece.configuration, static_cast<std::uint8_t>(piece.kind)};
+    });
+  }
+
+  std::span<const PieceConfiguration> list() const { return {pieces.begin(), count}; }
+
+ private:
+  Table<PieceConfiguration, 16> pieces;
+  std::uint32_t count = 0;
+};
 
 }  // namespace
 
@@ -80,27 +114,24 @@ void Learner::collectSamples(PgnDatabase& database) {
 
 void Learner::collectGame(PgnGame& game, std::int32_t result) {
   setupPosition(game.placement, game.sideToMove);
-  std::int64_t whiteSum = 0;
-  std::int64_t blackSum = 0;
-  bool ok = true;
+  MaterialLine material(kings[white], kings[black]);
   std::int32_t fromRank;
   std::int32_t fromFile;
   std::int32_t toRank;
   std::int32_t toFile;
   std::int32_t kind;
   std::int32_t promotion;
-  while (ok && game.nextMove(fromRank, fromFile, toRank, toFile, kind, promotion)) {
-    ok = playGameMove(fromRank, fromFile, toRank, toFile, kind, promotion);
-    whiteSum += materialOf(kings[white]);
-    blackSum += materialOf(kings[black]);
+  while (game.nextMove(fromRank, fromFile, toRank, toFile, kind, promotion)) {
+    if (!playGameMove(fromRank, fromFile, toRank, toFile, kind, promotion)) return;
+    material.follow(history->depth, history->record(history->depth));
   }
   const std::int32_t total = history->depth;
-  if (!ok || total < shortestGame) return;
+  if (total < shortestGame) return;
 
-  const float dominance = dominanceOf(whiteSum, blackSum);
+  const float dominance = dominanceOf(material.sum(white), material.sum(black));
   QuietFilter filter;
   for (; history->depth > 0; unmakeMove()) {
-    const std::int32_t difference = std::abs(materialOf(kings[white]) - materialOf(kings[black]));
+    const std::int32_t difference = material.differenceAt(history->depth);
     if (filter.takes(difference)) {
       currentSet = &sampleSets[network.classifyPosition(Network::classifyBoard, false)];
       const std::int32_t target = targetOf(history->depth, total, result, dominance);
@@ -113,11 +144,9 @@ void Learner::collectGame(PgnGame& game, std::int32_t result) {
 
 void Learner::addSample(std::int32_t target, Side side) {
   Network::computeConfigurations();
-  Sample sample;
-  describeSide(kings[side], sample.ownList);
-  describeSide(kings[1 - side], sample.opposingList);
-  sample.target = target;
-  currentSet->append(sample);
+  const SideConfigurations own(kings[side]);
+  const SideConfigurations opposing(kings[1 - side]);
+  currentSet->append(own.list(), opposing.list(), target);
 }
 
 }  // namespace quorvane

@@ -10,19 +10,30 @@ void SampleSet::clear() {
   table.clear();
 }
 
-void SampleSet::append(const Sample& sample) {
-  const std::size_t length = sample.ownList.size() + sample.opposingList.size();
+void SampleSet::append(std::span<const PieceConfiguration> ownList,
+                       std::span<const PieceConfiguration> opposingList, std::int32_t target) {
+  const std::size_t length = ownList.size() + opposingList.size();
   if (usedOfLastBlock + length > blockSize) {
     blocks.push_back(std::make_unique_for_overwrite<std::uint32_t[]>(blockSize));
     usedOfLastBlock = 0;
   }
   std::uint32_t* const row = blocks.back().get() + usedOfLastBlock;
   usedOfLastBlock += length;
+
+  // Two plies away the same side is to move and most pieces are what they were: looking there first saves the
+  // table's search.
+  const View similar = size() >= 2 ? view(size() - 2) : View{};
   std::uint32_t* next = row;
-  for (const PieceConfiguration& piece : sample.ownList) *next++ = table.numberOf(piece);
-  for (const PieceConfiguration& piece : sample.opposingList) *next++ = table.numberOf(piece);
-  headers.push_back({row, sample.target, static_cast<std::uint8_t>(sample.ownList.size()),
-                     static_cast<std::uint8_t>(sample.opposingList.size())});
+  const auto number = [&](std::span<const PieceConfiguration> list, std::span<const std::uint32_t> guesses) {
+    for (std::size_t i = 0; i < list.size(); ++i) {
+      const bool guessed = i < guesses.size() && table[guesses[i]] == list[i];
+      *next++ = guessed ? guesses[i] : table.numberOf(list[i]);
+    }
+  };
+  number(ownList, similar.ownList);
+  number(opposingList, similar.opposingList);
+  headers.push_back({row, target, static_cast<std::uint8_t>(ownList.size()),
+                     static_cast<std::uint8_t>(opposingList.size())});
 }
 
 SampleSet::View SampleSet::view(std::size_t index) const {

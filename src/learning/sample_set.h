@@ -28,8 +28,10 @@ class SampleSet {
   // Destroys the samples and makes sure that there is room for 1000.
   void clear();
 
-  // Copies the sample into the set. Neither list may be longer than 255.
-  void append(const Sample& sample);
+  // Copies a sample into the set: the pieces of the side to move, those of the other side, and the target.
+  // Neither list may be longer than 255.
+  void append(std::span<const PieceConfiguration> ownList, std::span<const PieceConfiguration> opposingList,
+              std::int32_t target);
 
   std::size_t size() const { return headers.size(); }
   bool empty() const { return headers.empty(); }
