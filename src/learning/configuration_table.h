@@ -2,6 +2,7 @@
 #define QUORVANE_LEARNING_CONFIGURATION_TABLE_H_
 
 #include <cstdint>
+#include <span>
 #include <vector>
 
 #include "board/table.h"
@@ -12,8 +13,10 @@ namespace quorvane {
 // Numbers different configurations 0, 1, 2, ... in the order in which they first come.
 class ConfigurationTable {
  public:
-  // The number of `configuration`, a new one if it has none yet. At most 2^32 - 1 different ones.
+  // The number of a configuration, a new one if it has none yet. At most 2^32 - 1 different ones.
   std::uint32_t numberOf(const PieceConfiguration& configuration);
+  // The same for many, one number each.
+  void numberAll(std::span<const PieceConfiguration> many, std::uint32_t* numbers);
 
   const PieceConfiguration& operator[](std::uint32_t number) const { return configurations[number]; }
   std::size_t size() const { return configurations.size(); }
@@ -30,10 +33,11 @@ class ConfigurationTable {
 
   // The words of one kind: an open-addressed hash table with linear probing.
   struct Words {
-    std::vector<Slot> slots;  // a power of two, at most half of it in use
+    std::vector<Slot> slots;  // a power of two, at most three quarters of it in use
     std::size_t used = 0;
   };
 
+  static std::size_t firstSlotOf(const std::vector<Slot>& slots, ConfigurationWord word);
   static Slot& slotOf(std::vector<Slot>& slots, ConfigurationWord word);
   static void grow(Words& words);
 

@@ -19,19 +19,8 @@ void SampleSet::append(std::span<const PieceConfiguration> ownList,
   }
   std::uint32_t* const row = blocks.back().get() + usedOfLastBlock;
   usedOfLastBlock += length;
-
-  // Two plies away the same side is to move and most pieces are what they were: looking there first saves the
-  // table's search.
-  const View similar = size() >= 2 ? view(size() - 2) : View{};
-  std::uint32_t* next = row;
-  const auto number = [&](std::span<const PieceConfiguration> list, std::span<const std::uint32_t> guesses) {
-    for (std::size_t i = 0; i < list.size(); ++i) {
-      const bool guessed = i < guesses.size() && table[guesses[i]] == list[i];
-      *next++ = guessed ? guesses[i] : table.numberOf(list[i]);
-    }
-  };
-  number(ownList, similar.ownList);
-  number(opposingList, similar.opposingList);
+  table.numberAll(ownList, row);
+  table.numberAll(opposingList, row + ownList.size());
   headers.push_back({row, target, static_cast<std::uint8_t>(ownList.size()),
                      static_cast<std::uint8_t>(opposingList.size())});
 }
