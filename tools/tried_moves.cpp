@@ -1,0 +1,185 @@
+#include "tools/tried_moves.h"
+
+#include <algorithm>
+#include <span>
+#include <string_view>
+
+#include "board/piece.h"
+#include "board/piece_classes.h"
+
+namespace quorvane {
+
+namespace {
+
+constexpr std::int32_t endingMaterial = 26000;  // of both sides
+constexpr std::int32_t kingAsTaker = 100000;    // dearer than all: it takes nothing that is guarded
+constexpr std::int32_t untaken = 200000;
+constexpr std::int32_t castlingBonus = 500;
+constexpr std::int32_t checkBonus = 150;  // of mates too: if none were overlooked, few games would last
+
+bool isCastling(const MoveRecord& move) {
+  return move.kind == castleKingSide || move.kind == castleQueenSide;
+}
+
+std::string nameOf(Square square) {
+  return {static_cast<char>('a' + fileOf(square)), static_cast<char>('1' + rankOf(square))};
+}
+
+// How well the piece stands, danger apart.
+std::int32_t standing(const Piece& piece, bool ending) {
+  const std::int32_t rank = piece.side == white ? rankOf(piece.square) : 7 - rankOf(piece.square);
+  const std::int32_t file = std::min(fileOf(piece.square), 7 - fileOf(piece.square));
+  const std::int32_t central = std::min(rank, 7 - rank) + file;
+  switch (piece.kind) {
+    case pawnKind:
+      return ending ? 30 * rank * rank : 20 * file * std::min(rank, 4);
+    case kingKind:
+      return ending ? 60 * central : -60 * central - 100 * rank;
+    case knightKind:
+    case bishopKind:
+      return 50 * central;
+    default:
+      return 10 * central;
+  }
+}
+
+// Generates into the move buffer, where the moves stand until the next generation.
+class Generation : public Board {
+ public:
+  Generation() {
+    activeMoveList = &list;
+    forEachInRing(kings[currentMove.sideToMove], [](Piece& piece) { piece.generateMoves(); });
+    activeMoveList = nullptr;
+  }
+
+  std::span<const MoveRecord> moves() const { return {moveBuffer, list.cursor}; }
+
+ private:
+  MoveList list{moveBuffer, 0};
+};
+
+}  // namespace
+
+void TriedMoves::tryAll(SeededRandom& random, std::int32_t noise) {
+  std::int32_t material = 0;
+  for (Piece* king : kings) {
+    forEachInRing(king, [&](const Piece& piece) { material += piece.material; });
+  }
+  moves.clear();
+  const Generation generation;
+  for (const MoveRecord& move : generation.moves()) {
+    if (move.kind != promoteToKnight) moves.push_back({move, random.below(noise)});
+  }
+  for (TriedMove& tried : moves) tryOut(tried, material < endingMaterial);
+}
+
+// The material of the cheapest piece that could take this one, `untaken` if there is none.
+std::int32_t TriedMoves::cheapestTaker(const Piece& piece) {
+  std::int32_t cheapest = untaken;
+  forEachInRing(kings[1 - piece.side], [&](Piece& taker) {
+    currentMove.to = piece.square;
+    taker.testMove();
+    if (!currentMove.found) return;
+    cheapest = std::min(cheapest, taker.kind == kingKind ? kingAsTaker : taker.material);
+  });
+  return cheapest;
+}
+
+// What the piece stands to lose where it is.
+std::int32_t TriedMoves::riskOf(Piece& piece) {
+  const std::int32_t taker = cheapestTaker(piece);
+  if (taker == untaken) return 0;
+  piece.side = 1 - piece.side;  // those who could take it now are its guards
+  const bool guarded = cheapestTaker(piece) != untaken;
+  piece.side = 1 - piece.side;
+  return guarded ? std::max(0, piece.material - taker) : piece.material;
+}
+
+void TriedMoves::tryOut(TriedMove& tried, bool ending) {
+  Piece& mover = *board[tried.move.from];
+  const std::int32_t before = mover.material + standing(mover, ending) - riskOf(mover);
+  currentMove = tried.move;
+  makeMove();
+  Piece& moved = *board[tried.move.to];  // a queen after a promotion
+  const Side enemy = currentMove.sideToMove;
+  tried.legal = !kings[1 - enemy]->isAttacked();
+  if (tried.legal) {
+    tried.score += moved.material + standing(moved, ending) - riskOf(moved) - before;
+    tried.score += history->record(history->depth).capturedPiece->material;
+    if (tried.move.kind == enPassantCapture) tried.score += whitePawnClass.material;
+    if (isCastling(tried.move)) tried.score += castlingBonus;
+    tried.check = kings[enemy]->isAttacked();
+    tried.mate = tried.check && !hasLegalMove();
+    if (tried.check) tried.score += checkBonus;
+  }
+  unmakeMove();
+}
+
+bool TriedMoves::hasLegalMove() {
+  const Generation generation;
+  return std::ranges::any_of(generation.moves(), [](const MoveRecord& move) {
+    currentMove = move;
+    makeMove();
+    const bool legal = !kings[1 - currentMove.sideToMove]->isAttacked();
+    unmakeMove();
+    return legal;
+  });
+}
+
+// Do pieces of one kind go to one square?
+bool TriedMoves::areTwins(const TriedMove& a, const TriedMove& b) {
+  return a.move.to == b.move.to && a.move.from != b.move.from &&
+         board[a.move.from]->kind == board[b.move.from]->kind;
+}
+
+bool TriedMoves::isPlayable(const TriedMove& tried) const {
+  if (!tried.legal) return false;
+  // A reader takes castling only without a check mark behind it.
+  if (isCastling(tried.move) && tried.check) return false;
+  // SAN does not name the origin if the other piece is pinned, but playGameMove may pick that piece.
+  return std::ranges::none_of(moves,
+                              [&](const TriedMove& other) { return !other.legal && areTwins(tried, other); });
+}
+
+const TriedMove* TriedMoves::best() const {
+  const TriedMove* found = nullptr;
+  for (const TriedMove& tried : moves) {
+    if ((found == nullptr || tried.score > found->score) && isPlayable(tried)) found = &tried;
+  }
+  return found;
+}
+
+// What tells the moving piece from others of its kind: its file, else its rank, else both.
+std::string TriedMoves::origin(const TriedMove& chosen) const {
+  const Square from = chosen.move.from;
+  const auto twinShares = [&](auto trait) {
+    return std::ranges::any_of(moves, [&](const TriedMove& other) {
+      return areTwins(chosen, other) && trait(other.move.from) == trait(from);
+    });
+  };
+  if (!twinShares([](Square) { return 0; })) return "";
+  if (!twinShares(fileOf)) return nameOf(from).substr(0, 1);
+  return twinShares(rankOf) ? nameOf(from) : nameOf(from).substr(1);
+}
+
+std::string TriedMoves::san(const TriedMove& chosen) const {
+  const MoveRecord& move = chosen.move;
+  if (isCastling(move)) return move.kind == castleKingSide ? "O-O" : "O-O-O";
+
+  const PieceKind kind = board[move.from]->kind;
+  const bool captures = board[move.to]->kind != emptyKind || move.kind == enPassantCapture;
+  std::string text;
+  if (kind != pawnKind) {
+    constexpr std::string_view letters = " NBRQK";
+    text = letters[static_cast<std::size_t>(kind)] + origin(chosen);
+  } else if (captures) {
+    text = nameOf(move.from)[0];
+  }
+  if (captures) text += 'x';
+  text += nameOf(move.to);
+  if (move.kind == promoteToQueen) text += "=Q";
+  if (chosen.check) text += chosen.mate ? '#' : '+';
+  return text;
+}
+
+}  // namespace quorvane
