@@ -90,7 +90,9 @@ class SideConfigurations {
     });
   }
 
-  std::span<const PieceConfiguration> list() const { return {pieces.begin(), static_cast<std::size_t>(count)}; }
+  std::span<const PieceConfiguration> list() const {
+    return {pieces.begin(), static_cast<std::size_t>(count)};
+  }
 
  private:
   Table<PieceConfiguration, 16> pieces;
