@@ -31,6 +31,9 @@ class Network : public Board {
   // pawnEnding and the row in use, and clears the caches if told to. Gives the type.
   PositionType classifyPosition(PositionType requested, bool clear);
 
+  // Is this a type of kings and pawns only, whose pawns have bits of their own?
+  static bool isPawnEnding(PositionType type);
+
   // Fills `configuration` of every piece on the board. The position must have been classified: pawnEnding is
   // read.
   static void computeConfigurations();
