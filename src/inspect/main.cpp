@@ -3,11 +3,12 @@
 #include <CLI/CLI.hpp>
 #include <iostream>
 #include <limits>
-#include <map>
 #include <optional>
+#include <vector>
 
 #include "inspect/bit_names.h"
 #include "inspect/fault.h"
+#include "inspect/html_report.h"
 #include "inspect/json_output.h"
 #include "inspect/network_reader.h"
 #include "inspect/position.h"
@@ -19,12 +20,13 @@ namespace {
 
 constexpr int faultStatus = 1;
 constexpr int usageStatus = 2;
+constexpr int largestNumber = 1'000'000;
 
 // What the command line says; each command uses its share.
 struct Arguments {
   std::string network = networkFileName;
   std::optional<PositionType> type;
-  std::optional<std::int32_t> kind;
+  std::string kind;
   std::size_t top = 20;
   std::size_t topOfPiece = std::numeric_limits<std::size_t>::max();
   bool json = false;
@@ -62,7 +64,11 @@ Validation validate(const Arguments& arguments) {
 }
 
 void runShow(const Arguments& arguments) {
-  const std::vector<ListSummary> lists = summarise(networkTable, {arguments.type, arguments.kind});
+  Selection selection{arguments.type, {}};
+  for (std::int32_t kind = 0; kind < pieceKindCount; ++kind) {
+    if (arguments.kind == kindName(kind)) selection.kind = kind;
+  }
+  const std::vector<ListSummary> lists = summarise(networkTable, selection);
   print(arguments, showJson(arguments.network, lists, arguments.top), showText(lists, arguments.top));
 }
 
@@ -83,6 +89,12 @@ void runValidate(const Arguments& arguments) {
   print(arguments, validateJson(arguments.network, validation), validateText(validation));
 }
 
+void runReport(const Arguments& arguments) {
+  std::optional<Validation> validation;
+  if (!arguments.files.empty()) validation = validate(arguments);
+  writeReport(arguments.page, reportPage(reportJson(arguments.network, networkTable, validation)));
+}
+
 void addNetwork(CLI::App& command, Arguments& arguments, const std::string& name) {
   command.add_option(name, arguments.network, "The network file")->capture_default_str();
 }
@@ -96,11 +108,12 @@ CLI::App& addShow(CLI::App& app, Arguments& arguments) {
   addNetwork(show, arguments, "network");
   show.add_option("--type", arguments.type, "Only this position type, 0 to 13")
       ->check(CLI::Range(0, lastPositionType));
-  std::map<std::string, std::int32_t> kinds;
-  for (std::int32_t kind = 0; kind < pieceKindCount; ++kind) kinds[kindName(kind)] = kind;
-  show.add_option("--kind", arguments.kind, "Only this piece kind, pawn to king")
-      ->transform(CLI::CheckedTransformer(kinds).description("KIND"));
-  show.add_option("--top", arguments.top, "How many of the strongest patterns")->capture_default_str();
+  std::vector<std::string> kinds;
+  for (std::int32_t kind = 0; kind < pieceKindCount; ++kind) kinds.emplace_back(kindName(kind));
+  show.add_option("--kind", arguments.kind, "Only this piece kind")->check(CLI::IsMember(kinds));
+  show.add_option("--top", arguments.top, "How many of the strongest patterns")
+      ->check(CLI::Range(0, largestNumber))
+      ->capture_default_str();
   addJson(show, arguments);
   return show;
 }
@@ -115,12 +128,13 @@ CLI::App& addExplain(CLI::App& app, Arguments& arguments) {
       source.add_option("--pgn", arguments.gameFile, "The position from a game of this file");
   explain.add_option("--game", arguments.game, "Which game of the file, from 1")
       ->needs(file)
-      ->check(CLI::PositiveNumber);
+      ->check(CLI::Range(1, largestNumber));
   explain.add_option("--ply", arguments.ply, "Behind how many moves of either side")
       ->needs(file)
-      ->check(CLI::NonNegativeNumber);
-  explain.add_option("--top", arguments.topOfPiece,
-                     "How many patterns of each piece (all of them otherwise)");
+      ->check(CLI::Range(0, largestNumber));
+  explain
+      .add_option("--top", arguments.topOfPiece, "How many patterns of each piece (all of them otherwise)")
+      ->check(CLI::Range(0, largestNumber));
   addJson(explain, arguments);
   return explain;
 }
@@ -130,6 +144,14 @@ CLI::App& addValidate(CLI::App& app, Arguments& arguments) {
   command.add_option("files", arguments.files, "Files of games")->required();
   addNetwork(command, arguments, "--network");
   addJson(command, arguments);
+  return command;
+}
+
+CLI::App& addReport(CLI::App& app, Arguments& arguments) {
+  CLI::App& command = *app.add_subcommand("report", "All of it as one page for a browser");
+  addNetwork(command, arguments, "network");
+  command.add_option("-o,--output", arguments.page, "The page to write")->required();
+  command.add_option("--validate", arguments.files, "Files of games to measure the network on");
   return command;
 }
 
@@ -149,7 +171,8 @@ int run(int argc, char** argv) {
   app.require_subcommand(1);
   const std::pair<CLI::App*, Command> commands[] = {{&addShow(app, arguments), runShow},
                                                     {&addExplain(app, arguments), runExplain},
-                                                    {&addValidate(app, arguments), runValidate}};
+                                                    {&addValidate(app, arguments), runValidate},
+                                                    {&addReport(app, arguments), runReport}};
   try {
     app.parse(argc, argv);
   } catch (const CLI::ParseError& error) {

@@ -47,10 +47,9 @@ std::string listsText(const std::vector<ListSummary>& lists) {
 }
 
 std::string boardText(const Explanation& explanation) {
-  Table<std::string, squareCount> cells;
-  for (std::string& cell : cells) cell = ".";
+  std::vector<std::string> cells(squareCount, ".");
   for (const ExplainedPiece& piece : explanation.pieces) {
-    cells[piece.square] = letterOf(piece) + " " + twoDigits(piece.value);
+    cells[static_cast<std::size_t>(piece.square)] = letterOf(piece) + " " + twoDigits(piece.value);
   }
   TextColumns columns("rllllllll");
   const auto addRank = [&](const std::string& name, const auto& cellOfFile) {
@@ -59,7 +58,8 @@ std::string boardText(const Explanation& explanation) {
     columns.add(line);
   };
   for (std::int32_t rank = 7; rank >= 0; --rank) {
-    addRank(std::to_string(rank + 1), [&](std::int32_t file) { return cells[squareAt(rank, file)]; });
+    addRank(std::to_string(rank + 1),
+            [&](std::int32_t file) { return cells[static_cast<std::size_t>(squareAt(rank, file))]; });
   }
   addRank("", [](std::int32_t file) { return std::string{static_cast<char>('a' + file)}; });
   return columns.str();
