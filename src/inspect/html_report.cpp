@@ -99,6 +99,7 @@ void writeReport(const std::string& fileName, const std::string& page) {
   // What is no file, such as a terminal, cannot be replaced.
   if (fs::exists(path) && !fs::is_regular_file(path)) return writeWhole(path, page);
   const fs::path fresh = path.native() + ".saving";
+  fs::remove(fresh, error);  // what a killed run has left might be a link by now
   try {
     writeWhole(fresh, page);
     fs::rename(fresh, path);
