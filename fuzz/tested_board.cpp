@@ -1,0 +1,139 @@
+#include "fuzz/tested_board.h"
+
+#include <algorithm>
+#include <bit>
+
+#include "board/hash_state.h"
+#include "fuzz/fuzz_target.h"
+
+namespace quorvane {
+
+void TestedBoard::setUp(const PgnGame& game) {
+  setupPosition(game.placement, game.sideToMove);
+  images.clear();
+  checkPieces();
+}
+
+void TestedBoard::checkPieces() const {
+  std::ptrdiff_t inRings = 0;
+  for (Piece* king : kings) {
+    forEachInRing(king, [&](const Piece& piece) {
+      ++inRings;
+      require(board[piece.square] == &piece && pieceById[piece.id] == &piece && piece.next->prev == &piece &&
+                  piece.side == king->side && (&piece == king || piece.id < piece.next->id),
+              "rings are linked both ways by rising ids, and stand on the board");
+    });
+  }
+  require(squareCount - std::count(board, board + squareCount, board[noSquare]) == inRings,
+          "nothing else stands there");
+}
+
+TestedBoard::Image TestedBoard::image() const {
+  Image numbers;
+  const auto add = [&](auto... values) { (numbers.push_back(static_cast<std::uint64_t>(values)), ...); };
+  const auto addPiece = [&](const Piece* piece) { add(std::bit_cast<std::uintptr_t>(piece)); };
+  std::for_each(std::begin(board), std::end(board), addPiece);
+  std::for_each(std::begin(kings), std::end(kings), addPiece);
+  for (const Piece* piece : pieceById) {
+    addPiece(piece);
+    if (piece == nullptr) continue;
+    addPiece(piece->prev);
+    addPiece(piece->next);
+    add(piece->kind, piece->side, piece->id, piece->moveCount, piece->keyIndex, piece->material);
+    if (piece->kind != emptyKind) add(piece->square);  // of the empty square's piece it means nothing
+    if (piece->kind == kingKind) add(static_cast<const King*>(piece)->castled);
+  }
+  add(currentMove.sideToMove, enPassantSquare, depth());
+  add(*hashState->indexTop, *hashState->lockTop, *hashState->slotTop);
+  for (std::int32_t bucket = 0; bucket < HashState::buckets; ++bucket) {
+    for (std::int32_t way = 0; way < HashState::ways; ++way) {
+      const std::uint8_t count = hashState->repetitionCounts[bucket][way];
+      if (count != 0)
+        add(bucket, count, hashState->repetitionKeys[bucket][way]);  // a free way may hold any key
+    }
+  }
+  return numbers;
+}
+
+std::vector<MoveRecord> TestedBoard::moves() {
+  std::vector<MoveRecord> all;
+  forEachInRing(kings[currentMove.sideToMove], [&](Piece& piece) {
+    MoveList list{moveBuffer, 0};
+    activeMoveList = &list;
+    require(piece.generateMoves() == list.cursor - moveBuffer, "a generator counts its moves");
+    for (currentMove.to = 0; currentMove.to < squareCount; ++currentMove.to) {
+      piece.testMove();
+      const auto leadsThere = [](const MoveRecord& move) { return move.to == currentMove.to; };
+      const MoveRecord* const first = std::find_if(moveBuffer, list.cursor, leadsThere);
+      require(
+          currentMove.found ? first != list.cursor && first->kind == currentMove.kind : first == list.cursor,
+          "testMove answers what the generator finds first");
+    }
+    all.insert(all.end(), moveBuffer, list.cursor);
+  });
+  const Piece& enemyKing = *kings[1 - currentMove.sideToMove];
+  const auto captures =
+      std::erase_if(all, [&](const MoveRecord& move) { return move.to == enemyKing.square; });
+  require(kings[1 - currentMove.sideToMove]->isAttacked() == (captures != 0),
+          "a king is attacked if it could be taken");
+  return all;
+}
+
+void TestedBoard::make(const MoveRecord& move) {
+  images.push_back(image());
+  currentMove = move;
+  makeMove();
+  checkPieces();
+}
+
+void TestedBoard::unmake() {
+  unmakeMove();
+  require(image() == images.back(), "taking back restores everything");
+  images.pop_back();
+}
+
+void TestedBoard::play(const std::vector<MoveRecord>& moves, const MoveRecord& wanted, std::uint32_t named,
+                       std::int32_t promotion) {
+  const PieceKind kind = board[wanted.from]->kind;
+  const auto valueOf = [&](std::uint32_t bit, std::int32_t value) {
+    return (named & bit) != 0 ? value : anyRankOrFile;
+  };
+  const std::array values = {valueOf(1, rankOf(wanted.from)), valueOf(2, fileOf(wanted.from)),
+                             valueOf(4, rankOf(wanted.to)), valueOf(8, fileOf(wanted.to))};
+  const MoveRecord& first = *std::find_if(moves.begin(), moves.end(), [&](const MoveRecord& move) {
+    const auto fits = [](std::int32_t value, std::int32_t own) {
+      return value == anyRankOrFile || value == own;
+    };
+    return board[move.from]->kind == kind && fits(values[0], rankOf(move.from)) &&
+           fits(values[1], fileOf(move.from)) && fits(values[2], rankOf(move.to)) &&
+           fits(values[3], fileOf(move.to));
+  });
+  const bool promotes = promotion >= knightKind && promotion <= queenKind;
+  bool legal = depth() + 2 < depthLimit && !kings[1 - currentMove.sideToMove]->isAttacked() &&
+               !(promotes && kind == kingKind);
+  if (legal) {
+    make(first);
+    legal = !kings[1 - currentMove.sideToMove]->isAttacked();
+    unmake();
+  }
+  images.push_back(image());
+  const bool made = playGameMove(values[0], values[1], values[2], values[3], kind, promotion);
+  require(made == legal, "a named move is made if the first that fits leaves its king safe");
+  require(made || image() == images.back(), "a refused move changes nothing");
+  if (!made) return images.pop_back();
+  require(currentMove.from == first.from && currentMove.to == first.to, "the first move that fits is made");
+  require(!promotes || board[first.to]->kind == promotion, "a promotion code counts");
+  checkPieces();
+}
+
+std::array<ConfigurationWord, squareCount> TestedBoard::words() {
+  network.classifyPosition(Network::classifyBoard, false);
+  Network::computeConfigurations();
+  std::array<ConfigurationWord, squareCount> bySquare{};
+  for (std::size_t square = 0; square < squareCount; ++square) {
+    if (board[square] != board[noSquare]) bySquare[square] = board[square]->configuration;
+  }
+  return bySquare;
+}
+
+}  // namespace quorvane
