@@ -1,3 +1,18 @@
+// The fit of the weights w(i) of a row: linear least squares, by conjugate gradients (Hestenes and Stiefel
+// 1952) with the Jacobi preconditioner, the ratio of Fletcher and Reeves (1964) and an exact line search.
+//
+//   f(w)  = 1/N sum_s r(s)^2,   r(s) = t(s) - sum_i c(i, s) w(i)     what is lowered
+//   p(i)  = 1 / sum_s c(i, s)^2                                      0 for a node that never counts: it keeps
+//   weight 0 g(i)  = sum_s 2 r(s) c(i, s)                                     minus the gradient of N f beta
+//   = sum_i p(i) g(i)^2 / (the same of the step before)        0 if that was 0, and in the first step d(i)  =
+//   g(i) + beta d(i) of the step before F(s)  = sum_i c(i, s) p(i) d(i)                                  how
+//   fast v(s) grows along the step alpha = sum_s F(s) r(s) / sum_s F(s)^2                           0 if the
+//   divisor is 0: the weights stay w(i) += alpha p(i) d(i)                                          rounded
+//   to 32 bits
+//
+// Everything else is held in doubles. Products go from left to right as written here and sums over the nodes
+// in the order of the lists, kind after kind: the weights are the same everywhere, bit for bit.
+
 #include <iostream>
 
 #include "learning/fit_system.h"

@@ -19,64 +19,30 @@ constexpr bool contains(ConfigurationWord word, ConfigurationWord part) {
   return (word & part) == part;
 }
 
-// The different values among some, numbered: in ascending order at first.
-class Values {
- public:
-  template <typename Source, typename Value>
-  Values(const Source& source, Value valueOf) {
-    for (const auto& item : source) values.push_back(valueOf(item));
-    std::sort(values.begin(), values.end());
-    values.erase(std::unique(values.begin(), values.end()), values.end());
-    sorted = values;
-    numbers.resize(values.size());
-    std::iota(numbers.begin(), numbers.end(), std::size_t{0});
-  }
-
-  // Numbers the values in ascending order of their keys instead.
-  template <typename Key>
-  void orderBy(Key keyOf) {
-    std::vector<std::size_t> keys;
-    for (const ConfigurationWord value : sorted) keys.push_back(keyOf(value));
-    std::vector<std::size_t> order(sorted.size());
-    std::iota(order.begin(), order.end(), std::size_t{0});
-    std::stable_sort(order.begin(), order.end(),
-                     [&](std::size_t a, std::size_t b) { return keys[a] < keys[b]; });
-    for (std::size_t number = 0; number < order.size(); ++number) {
-      numbers[order[number]] = number;
-      values[number] = sorted[order[number]];
-    }
-  }
-
-  std::size_t indexOf(ConfigurationWord value) const {
-    return numbers[static_cast<std::size_t>(std::lower_bound(sorted.begin(), sorted.end(), value) -
-                                            sorted.begin())];
-  }
-  std::size_t size() const { return values.size(); }
-  ConfigurationWord operator[](std::size_t index) const { return values[index]; }
-  auto begin() const { return values.begin(); }
-  auto end() const { return values.end(); }
-
- private:
-  std::vector<ConfigurationWord> sorted;
-  std::vector<std::size_t> numbers;  // of the sorted values
+// The different values of `valueOf` over some items, in ascending order and so numbered.
+template <typename Items, typename Value>
+std::vector<ConfigurationWord> differentValues(const Items& items, Value valueOf) {
   std::vector<ConfigurationWord> values;
-};
+  for (const auto& item : items) values.push_back(valueOf(item));
+  std::sort(values.begin(), values.end());
+  values.erase(std::unique(values.begin(), values.end()), values.end());
+  return values;
+}
 
-// Counting sort: the items that `keyOf` puts under 0, 1, ... one group after the other, in their order within
-// a group.
+std::size_t numberIn(const std::vector<ConfigurationWord>& values, ConfigurationWord value) {
+  return static_cast<std::size_t>(std::lower_bound(values.begin(), values.end(), value) - values.begin());
+}
+
+// Stable counting sort: groups the items by `keyOf`, from 0 on, and gives where each group ends.
 template <typename Item, typename Key>
-std::vector<std::size_t> groupBy(std::vector<Item>& items, std::size_t keys, Key keyOf) {
-  std::vector<std::size_t> ends(keys);
-  for (std::size_t i = 0; i < items.size(); ++i) ++ends[keyOf(i)];
-  std::size_t end = 0;
-  for (std::size_t& count : ends) {
-    const std::size_t begin = end;
-    end += count;
-    count = begin;
-  }
+std::vector<std::size_t> groupBy(std::vector<Item>& items, std::size_t keyCount, Key keyOf) {
+  std::vector<std::size_t> ends(keyCount + 1);
+  for (const Item& item : items) ++ends[keyOf(item) + 1];
+  std::partial_sum(ends.begin(), ends.end(), ends.begin());
   std::vector<Item> grouped(items.size());
-  for (std::size_t i = 0; i < items.size(); ++i) grouped[ends[keyOf(i)]++] = items[i];
+  for (const Item& item : items) grouped[ends[keyOf(item)]++] = item;
   items = std::move(grouped);
+  ends.pop_back();
   return ends;
 }
 
@@ -85,61 +51,53 @@ std::vector<std::size_t> groupBy(std::vector<Item>& items, std::size_t keys, Key
 FiringMatrix::FiringMatrix(const NodeList& list, std::span<const ConfigurationWord> allWords) {
   const auto lowOfMask = [](const PatternNode& node) { return lowOf(node.mask); };
   const auto highOfMask = [](const PatternNode& node) { return highOf(node.mask); };
-  const Values lowParts(list, lowOfMask);
-  const Values highParts(list, highOfMask);
-  Values lowHalves(allWords, lowOf);
-  const Values highHalves(allWords, highOf);
+  const auto lowParts = differentValues(list, lowOfMask);
+  const auto highParts = differentValues(list, highOfMask);
+  const auto lowHalves = differentValues(allWords, lowOf);
+  const auto highHalves = differentValues(allWords, highOf);
 
   // Nodes without a high part are looked at once for each low half, all others by their high part.
-  std::vector<Node> plainNodes;
-  std::vector<std::size_t> highPartOfNode;
   std::vector<bool> lowPartIsUsed(lowParts.size());
+  std::vector<Index> plainNodes;
   for (std::size_t number = 0; number < list.size(); ++number) {
-    const std::size_t lowPart = lowParts.indexOf(lowOfMask(list[number]));
-    const Node node{static_cast<Index>(number), static_cast<Index>(lowPart)};
+    const std::size_t lowPart = numberIn(lowParts, lowOfMask(list[number]));
     if (highOfMask(list[number]) == 0) {
-      plainNodes.push_back(node);
+      plainNodes.push_back(static_cast<Index>(number));
     } else {
-      nodes.push_back(node);
-      highPartOfNode.push_back(highParts.indexOf(highOfMask(list[number])));
+      nodes.push_back({static_cast<Index>(number), static_cast<Index>(lowPart)});
       lowPartIsUsed[lowPart] = true;
     }
   }
-  nodeEnds = groupBy(nodes, highParts.size(), [&](std::size_t i) { return highPartOfNode[i]; });
+  nodeEnds = groupBy(nodes, highParts.size(),
+                     [&](const Node& node) { return numberIn(highParts, highOfMask(list[node.number])); });
 
   lowPartCount = lowParts.size();
-  const auto forEachUsedPart = [&](ConfigurationWord half, auto visit) {
-    for (std::size_t part = 0; part < lowParts.size(); ++part) {
-      if (contains(half, lowParts[part]) && lowPartIsUsed[part]) visit(part);
-    }
-  };
-  lowHalves.orderBy([&](ConfigurationWord half) {
-    std::size_t count = 0;
-    forEachUsedPart(half, [&](std::size_t) { ++count; });
-    return count;
-  });
   for (const ConfigurationWord half : lowHalves) {
-    forEachUsedPart(half, [&](std::size_t part) { lowPartsOfLowHalf.add(part); });
+    for (std::size_t part = 0; part < lowParts.size(); ++part) {
+      if (contains(half, lowParts[part]) && lowPartIsUsed[part]) lowPartsOfLowHalf.add(part);
+    }
     lowPartsOfLowHalf.closeRow();
-    for (const Node& node : plainNodes) {
-      if (contains(half, list[node.number].mask)) nodesOfLowHalf.add(node.number);
+    for (const Index node : plainNodes) {
+      if (contains(half, list[node].mask)) nodesOfLowHalf.add(node);
     }
     nodesOfLowHalf.closeRow();
   }
   for (const ConfigurationWord half : highHalves) {
     for (std::size_t part = 0; part < highParts.size(); ++part) {
-      if (highParts[part] != 0 && contains(half, highParts[part])) highPartsOfHighHalf.add(part);
+      if (contains(half, highParts[part]) && highParts[part] != 0) highPartsOfHighHalf.add(part);
     }
     highPartsOfHighHalf.closeRow();
   }
 
   for (std::size_t number = 0; number < allWords.size(); ++number) {
-    const std::size_t lowHalf = lowHalves.indexOf(lowOf(allWords[number]));
+    const std::size_t lowHalf = numberIn(lowHalves, lowOf(allWords[number]));
     words.push_back({static_cast<std::uint32_t>(number), static_cast<std::uint32_t>(lowHalf)});
   }
-  groupBy(words, lowHalves.size(), [&](std::size_t i) { return words[i].lowHalf; });
+  // Within a high half, words whose rows are equally long follow each other: such loops are predicted.
+  groupBy(words, lowHalves.size(), [](const Word& word) { return std::size_t{word.lowHalf}; });
+  groupBy(words, lowPartCount + 1, [&](const Word& word) { return lowPartsOfLowHalf[word.lowHalf].size(); });
   wordEnds = groupBy(words, highHalves.size(),
-                     [&](std::size_t i) { return highHalves.indexOf(highOf(allWords[words[i].number])); });
+                     [&](const Word& word) { return numberIn(highHalves, highOf(allWords[word.number])); });
 }
 
 void FiringMatrix::sumNodes(std::span<const double> byNode, std::span<double> byWord) const {

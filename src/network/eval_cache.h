@@ -20,13 +20,14 @@ class EvalCache {
   static constexpr std::size_t size = 65536;
   static constexpr std::size_t indexOf(ConfigurationWord word) { return (word >> 16) ^ (word & 0xffff); }
 
-  EvalCache() : entries(size) {}
-
-  CacheEntry& entryFor(ConfigurationWord word) { return entries[indexOf(word)]; }
-  void clear() { entries.assign(size, CacheEntry{}); }
+  CacheEntry& entryFor(ConfigurationWord word) {
+    if (entries.empty()) entries.resize(size);
+    return entries[indexOf(word)];
+  }
+  void clear() { entries.clear(); }
 
  private:
-  std::vector<CacheEntry> entries;
+  std::vector<CacheEntry> entries;  // none until the first is asked for
 };
 
 }  // namespace quorvane

@@ -53,7 +53,7 @@ class Fit : public LearningTest {
 };
 
 TEST_F(Fit, GivesThePlainFitsWeightsAndFiguresBitForBit) {
-  for (const auto& [count, seed] : {std::pair{40U, 1U}, {700U, 2U}, {2500U, 3U}}) {
+  for (const auto& [count, seed] : {std::pair{40U, 1U}, {150U, 2U}, {400U, 3U}}) {
     learnRandom(count, seed);
     ASSERT_GT(nodes().size(), 300U);
     const std::string output = runFit();
@@ -64,8 +64,9 @@ TEST_F(Fit, GivesThePlainFitsWeightsAndFiguresBitForBit) {
     EXPECT_EQ(weights(), fast) << count << " samples";
     EXPECT_LE(objectives.back(), objectives.front());
     std::ostringstream expected;
-    expected << "Weight fitting " << std::string(objectives.size() - 1, '.') << " done.\n\nHit percentage: "
-             << plain.hitPercentage() << "%\n\nf(w)=" << plain.objective() << " ";
+    expected << "Weight fitting " << std::string(objectives.size() - 1, '.')
+             << " done.\n\nHit percentage: " << plain.hitPercentage() << "%\n\nf(w)=" << plain.objective()
+             << " ";
     EXPECT_NE(output.find(expected.str()), std::string::npos) << expected.str() << output;
   }
 }
@@ -88,11 +89,13 @@ TEST_F(Fit, ResidualsAreThoseOfEvaluateToTheLastBit) {
   }
 }
 
-// Two patterns that overlap in one of three samples: the normal equations [2 1; 1 2] w = [12; 9] give w = (5, 2).
+// Two patterns that overlap in one of three samples: the normal equations [2 1; 1 2] w = [12; 9] give w = (5,
+// 2).
 TEST_F(Fit, SolvesTheNormalEquationsOfATinyProblem) {
   samples().clear();
   use(type);
-  for (std::int32_t kind = 0; kind < pieceKindCount; ++kind) network.clearNodeList(static_cast<PieceKind>(kind));
+  for (std::int32_t kind = 0; kind < pieceKindCount; ++kind)
+    network.clearNodeList(static_cast<PieceKind>(kind));
   const auto append = [&](ConfigurationWord own, std::int32_t target) {
     samples().append(std::vector<PieceConfiguration>{{own, rookKind}}, {}, target);
   };
@@ -109,7 +112,8 @@ TEST_F(Fit, SolvesTheNormalEquationsOfATinyProblem) {
 TEST_F(Fit, PatternThatBothSidesShowEquallyKeepsWeightZero) {
   samples().clear();
   use(type);
-  for (std::int32_t kind = 0; kind < pieceKindCount; ++kind) network.clearNodeList(static_cast<PieceKind>(kind));
+  for (std::int32_t kind = 0; kind < pieceKindCount; ++kind)
+    network.clearNodeList(static_cast<PieceKind>(kind));
   const std::vector<PieceConfiguration> list{{1, queenKind}};
   for (int i = 0; i < 20; ++i) samples().append(list, list, 30);
   addPattern(queenKind, 1);
@@ -123,11 +127,12 @@ TEST_F(Fit, PatternThatBothSidesShowEquallyKeepsWeightZero) {
 TEST_F(Fit, EmptySetPrintsNoObjectiveAndOneDot) {
   samples().clear();
   search(type);
-  EXPECT_EQ(runFit(), "Building preconditioner ... done.\n\nWeight fitting . done.\n\nHit percentage: 100%\n\n");
+  EXPECT_EQ(runFit(),
+            "Building preconditioner ... done.\n\nWeight fitting . done.\n\nHit percentage: 100%\n\n");
 }
 
 TEST_F(Fit, SquaredNetCountsAreThoseOfCountingEachSample) {
-  learnRandom(300, 5);
+  learnRandom(60, 5);
   std::vector<double> expected;
   for (std::int32_t kind = 0; kind < pieceKindCount; ++kind) {
     for (const PatternNode& node : network.row()[kind]) {
@@ -162,7 +167,8 @@ class OrderedSums : public Fit {
       for (const PatternNode& node : list) {
         if ((words[i] & node.mask) == node.mask) walk += static_cast<double>(node.weight);
       }
-      ASSERT_EQ(std::bit_cast<std::uint64_t>(sums[i]), std::bit_cast<std::uint64_t>(walk)) << std::hex << words[i];
+      ASSERT_EQ(std::bit_cast<std::uint64_t>(sums[i]), std::bit_cast<std::uint64_t>(walk))
+          << std::hex << words[i];
     }
   }
 };

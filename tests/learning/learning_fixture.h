@@ -28,19 +28,20 @@ class CapturedOutput {
 
 // Keeps the message about the missing network.dat out of the test's output; constructed before the Learner.
 struct QuietStart {
-  CapturedOutput quiet;
+  CapturedOutput start;
 };
 
 class LearningTest : public ::testing::Test, private QuietStart, public Learner {
  protected:
-  // A set of samples like those of games: few kinds of words in many variations, so that words repeat, share bits and
-  // meet in the evaluation caches. The same for a seed everywhere.
+  // A set of samples like those of games: few kinds of words in many variations, so that words repeat, share
+  // bits and meet in the evaluation caches. The same for a seed everywhere.
   void fillWithRandomSamples(SampleSet& set, std::size_t count, std::uint32_t seed) {
     std::mt19937 random(seed);
     const auto below = [&](std::uint32_t end) { return static_cast<std::uint32_t>(random()) % end; };
     const auto list = [&] {
       std::vector<PieceConfiguration> pieces{{0, kingKind}};
-      for (std::uint32_t piece = below(12); piece > 0; --piece) pieces.push_back({0, static_cast<std::uint8_t>(below(5))});
+      for (std::uint32_t piece = below(12); piece > 0; --piece)
+        pieces.push_back({0, static_cast<std::uint8_t>(below(5))});
       for (PieceConfiguration& piece : pieces) {
         const ConfigurationWord base = 0x9241'8003U * (below(24) + 1);
         piece.word = base ^ (below(3) == 0 ? 0x0001'0001U << below(16) : 0U);

@@ -6,7 +6,9 @@ namespace quorvane {
 
 namespace {
 
-double targetOf(const Sample& sample) { return static_cast<double>(static_cast<float>(sample.target)); }
+double targetOf(const Sample& sample) {
+  return static_cast<double>(static_cast<float>(sample.target));
+}
 
 }  // namespace
 

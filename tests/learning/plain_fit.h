@@ -8,13 +8,14 @@
 
 namespace quorvane {
 
-// The fit as its formulas read, node by node and sample by sample: the yardstick of the fast one. Works on the row that
-// the network has in use, through the caches of Network::evaluate.
+// The fit as its formulas read, node by node and sample by sample: the yardstick of the fast one. Works on
+// the row that the network has in use, through the caches of Network::evaluate.
 class PlainFit {
  public:
   PlainFit(const SampleSet& set, Network& model);
 
-  // f(w) at the weights on entry of each step, the first step of all being that along the preconditioned gradient.
+  // f(w) at the weights on entry of each step, the first step of all being that along the preconditioned
+  // gradient.
   std::vector<double> fit();
 
   // Each starts with the caches as they are.

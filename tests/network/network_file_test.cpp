@@ -80,7 +80,8 @@ TEST_F(NetworkFile, EmptyTableTakes1092Bytes) {
 }
 
 TEST_F(NetworkFile, WhatWasSavedLoadsAndSavesAsTheSameBytes) {
-  load(values({1, 0, 0, 3, 0, 1, 7, 5, 2, notANumber, 2, 7, 0, 0x7f800000, 1, 0, 1, 13, 9, 8, 0x80000000, 0xffffffff}));
+  load(values({1, 0, 0,          3, 0, 1, 7,  5, 2, notANumber, 2,
+               7, 0, 0x7f800000, 1, 0, 1, 13, 9, 8, 0x80000000, 0xffffffff}));
   EXPECT_EQ(networkTable[7][rookKind].size(), 2U);
   EXPECT_EQ(networkTable[13][rookKind].at(0).skip, -1);
   save();
