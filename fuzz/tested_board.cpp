@@ -30,6 +30,7 @@ void TestedBoard::checkPieces() const {
 
 TestedBoard::Image TestedBoard::image() const {
   Image numbers;
+  numbers.reserve(1024);
   const auto add = [&](auto... values) { (numbers.push_back(static_cast<std::uint64_t>(values)), ...); };
   const auto addPiece = [&](const Piece* piece) { add(std::bit_cast<std::uintptr_t>(piece)); };
   std::for_each(std::begin(board), std::end(board), addPiece);
@@ -58,16 +59,19 @@ TestedBoard::Image TestedBoard::image() const {
 std::vector<MoveRecord> TestedBoard::moves() {
   std::vector<MoveRecord> all;
   forEachInRing(kings[currentMove.sideToMove], [&](Piece& piece) {
+    constexpr std::int32_t noMove = -1;
     MoveList list{moveBuffer, 0};
     activeMoveList = &list;
     require(piece.generateMoves() == list.cursor - moveBuffer, "a generator counts its moves");
+    std::array<std::int32_t, squareCount> firstKinds;
+    firstKinds.fill(noMove);
+    for (const MoveRecord* move = list.cursor; move-- != moveBuffer;)
+      firstKinds[static_cast<std::size_t>(move->to)] = move->kind;
     for (currentMove.to = 0; currentMove.to < squareCount; ++currentMove.to) {
       piece.testMove();
-      const auto leadsThere = [](const MoveRecord& move) { return move.to == currentMove.to; };
-      const MoveRecord* const first = std::find_if(moveBuffer, list.cursor, leadsThere);
-      require(
-          currentMove.found ? first != list.cursor && first->kind == currentMove.kind : first == list.cursor,
-          "testMove answers what the generator finds first");
+      const std::int32_t kind = currentMove.found ? currentMove.kind : noMove;
+      require(firstKinds[static_cast<std::size_t>(currentMove.to)] == kind,
+              "testMove answers what the generator finds first");
     }
     all.insert(all.end(), moveBuffer, list.cursor);
   });
@@ -109,21 +113,23 @@ void TestedBoard::play(const std::vector<MoveRecord>& moves, const MoveRecord& w
            fits(values[3], fileOf(move.to));
   });
   const bool promotes = promotion >= knightKind && promotion <= queenKind;
-  bool legal = depth() + 2 < depthLimit && !kings[1 - currentMove.sideToMove]->isAttacked() &&
-               !(promotes && kind == kingKind);
-  if (legal) {
-    make(first);
-    legal = !kings[1 - currentMove.sideToMove]->isAttacked();
-    unmake();
-  }
+  const bool refused = depth() + 2 >= depthLimit || kings[1 - currentMove.sideToMove]->isAttacked() ||
+                       (promotes && kind == kingKind);
   images.push_back(image());
-  const bool made = playGameMove(values[0], values[1], values[2], values[3], kind, promotion);
-  require(made == legal, "a named move is made if the first that fits leaves its king safe");
-  require(made || image() == images.back(), "a refused move changes nothing");
-  if (!made) return images.pop_back();
-  require(currentMove.from == first.from && currentMove.to == first.to, "the first move that fits is made");
-  require(!promotes || board[first.to]->kind == promotion, "a promotion code counts");
-  checkPieces();
+  if (playGameMove(values[0], values[1], values[2], values[3], kind, promotion)) {
+    require(!refused && currentMove.from == first.from && currentMove.to == first.to,
+            "the first move that fits is made");
+    require(!promotes || board[first.to]->kind == promotion, "a promotion code counts");
+    checkPieces();
+    return;
+  }
+  require(image() == images.back(), "a refused move changes nothing");
+  images.pop_back();
+  if (refused) return;
+  make(first);
+  require(kings[1 - currentMove.sideToMove]->isAttacked(),
+          "a move that fits is refused for its own king alone");
+  unmake();
 }
 
 std::array<ConfigurationWord, squareCount> TestedBoard::words() {
