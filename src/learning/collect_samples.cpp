@@ -90,11 +90,13 @@ class SideConfigurations {
     });
   }
 
-  std::span<const PieceConfiguration> list() const { return {pieces.begin(), count}; }
+  std::span<const PieceConfiguration> list() const {
+    return {pieces.begin(), static_cast<std::size_t>(count)};
+  }
 
  private:
   Table<PieceConfiguration, 16> pieces;
-  std::uint32_t count = 0;
+  std::int32_t count = 0;
 };
 
 }  // namespace

@@ -9,11 +9,9 @@
 
 namespace quorvane {
 
-namespace {
-
 // Finds out which words of a pass over the samples the evaluation caches would miss. Keeps the words of the
 // caches alone: what they are worth plays no part in it.
-class CacheModel {
+class FitSystem::CacheModel {
  public:
   CacheModel() : words(2 * pieceKindCount * EvalCache::size) {}
 
@@ -29,6 +27,8 @@ class CacheModel {
  private:
   std::vector<ConfigurationWord> words;
 };
+
+namespace {
 
 // The numbers of the set's configurations, the most frequent first.
 std::vector<std::uint32_t> rankConfigurations(const SampleSet& set) {
@@ -66,44 +66,42 @@ FitSystem::FitSystem(const SampleSet& set, NetworkRow& networkRow) : samples(set
   }
   for (Kind& kind : kinds) kind.matrix.emplace(*kind.list, kind.words);
   storeSamples(places);
+  CacheModel caches;
+  markMisses(caches, missesClearedCache);
+  markMisses(caches, missesFilledCache);
 }
 
 void FitSystem::storeSamples(const std::vector<std::uint32_t>& places) {
-  const SampleSet& set = samples;
   std::size_t pieces = 0;
-  for (std::size_t index = 0; index < set.size(); ++index) {
-    pieces += set.view(index).ownList.size() + set.view(index).opposingList.size();
-  }
-  references.reserve(pieces);
-  CacheModel caches;
-  for (std::size_t index = 0; index < set.size(); ++index) {
-    const SampleSet::View sample = set.view(index);
-    const auto storeList = [&](std::span<const std::uint32_t> numbers, std::size_t list) {
-      for (const std::uint32_t number : numbers) {
-        const bool missed = caches.misses(set.configurations()[number], list);
-        references.push_back((places[number] << 1) | (missed ? missesClearedCache : 0));
-      }
-    };
-    storeList(sample.ownList, 0);
-    storeList(sample.opposingList, 1);
+  for (std::size_t index = 0; index < samples.size(); ++index) {
+    const SampleSet::View sample = samples.view(index);
+    pieces += sample.ownList.size() + sample.opposingList.size();
     ownCounts.push_back(static_cast<std::uint8_t>(sample.ownList.size()));
     opposingCounts.push_back(static_cast<std::uint8_t>(sample.opposingList.size()));
     targets.push_back(static_cast<double>(static_cast<float>(sample.target)));
   }
-  // Once more, with the caches as the first pass leaves them.
+  references.reserve(pieces);
+  for (std::size_t index = 0; index < samples.size(); ++index) {
+    const SampleSet::View sample = samples.view(index);
+    for (const std::uint32_t number : sample.ownList) references.push_back(places[number] << 1);
+    for (const std::uint32_t number : sample.opposingList) references.push_back(places[number] << 1);
+  }
+  lineResiduals.resize(samples.size());
+}
+
+void FitSystem::markMisses(CacheModel& caches, Reference mark) {
   Reference* reference = references.data();
-  for (std::size_t index = 0; index < set.size(); ++index) {
-    const SampleSet::View sample = set.view(index);
+  for (std::size_t index = 0; index < samples.size(); ++index) {
+    const SampleSet::View sample = samples.view(index);
     const auto markList = [&](std::span<const std::uint32_t> numbers, std::size_t list) {
       for (const std::uint32_t number : numbers) {
-        if (caches.misses(set.configurations()[number], list)) *reference |= missesFilledCache;
+        if (caches.misses(samples.configurations()[number], list)) *reference |= mark;
         ++reference;
       }
     };
     markList(sample.ownList, 0);
     markList(sample.opposingList, 1);
   }
-  lineResiduals.resize(set.size());
 }
 
 void FitSystem::updateValues() {

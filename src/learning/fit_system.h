@@ -89,7 +89,11 @@ class FitSystem {
   }
   static std::size_t termIndex(Reference reference) { return valueIndex(reference) >> 1; }
 
+  class CacheModel;
+
   void storeSamples(const std::vector<std::uint32_t>& places);
+  // Marks the references that miss in a pass over all samples, and takes the caches along to its end.
+  void markMisses(CacheModel& caches, Reference mark);
 
   const SampleSet& samples;
   const NetworkRow& row;
@@ -98,7 +102,7 @@ class FitSystem {
   Table<Kind, pieceKindCount> kinds;
   // By place: the most frequent configurations come first, which keeps what is used most close together.
   std::vector<double>
-      values;  // two of each, the sum of the weights of its firing nodes: rounded to 32 bits, and not
+      values;  // two of each: the weights of its firing nodes summed up, rounded to 32 bits, and not
   std::vector<double> terms;  // what a pass collects or hands out: a share of the gradient, or a slope
 
   std::vector<Reference> references;  // of all samples: own pieces, then opposing ones
