@@ -6,6 +6,8 @@
 #include <regex>
 #include <sstream>
 
+#include "support/temporary_folder.h"
+
 namespace quorvane {
 namespace {
 
@@ -29,17 +31,6 @@ std::string fingerprint(const std::string& bytes) {
 // console/expected/NAME.txt. With QUORVANE_APPROVE set in the environment it writes that file instead.
 class Console : public ::testing::Test {
  protected:
-  void SetUp() override {
-    std::string name = (fs::temp_directory_path() / "quorvane-XXXXXX").string();
-    ASSERT_NE(mkdtemp(name.data()), nullptr);
-    folder = name;
-    fs::current_path(folder);
-  }
-  void TearDown() override {
-    fs::current_path(folder.parent_path());
-    fs::remove_all(folder);
-  }
-
   static std::string run(const std::string& answers) {
     std::ofstream("answers") << answers;
     EXPECT_EQ(std::system("\"" QUORVANE_PROGRAM "\" <answers >output 2>errors"), 0);
@@ -62,7 +53,7 @@ class Console : public ::testing::Test {
     std::ofstream("few.pgn") << all.substr(0, end);
   }
 
-  fs::path folder;
+  TemporaryFolder folder;
 };
 
 TEST_F(Console, LearnsFromGamesUntilTheAnswerIsNo) {

@@ -9,6 +9,7 @@
 #include <string>
 
 #include "learning/learner.h"
+#include "support/temporary_folder.h"
 
 namespace quorvane {
 
@@ -26,8 +27,10 @@ class CapturedOutput {
   std::streambuf* standard;
 };
 
-// Keeps the message about the missing network.dat out of the test's output; constructed before the Learner.
+// Constructed before the Learner, which looks for network.dat and reports that there is none. The fits write
+// one.
 struct QuietStart {
+  TemporaryFolder folder;
   CapturedOutput start;
 };
 

@@ -1,6 +1,5 @@
 #include <gtest/gtest.h>
 
-#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 
@@ -11,20 +10,8 @@ namespace {
 
 namespace fs = std::filesystem;
 
-// Works in a folder of its own.
 class NetworkFile : public LearningTest {
  protected:
-  void SetUp() override {
-    std::string name = (fs::temp_directory_path() / "quorvane-XXXXXX").string();
-    ASSERT_NE(mkdtemp(name.data()), nullptr);
-    folder = name;
-    fs::current_path(folder);
-  }
-  void TearDown() override {
-    fs::current_path(folder.parent_path());
-    fs::remove_all(folder);
-  }
-
   static void write(const std::string& bytes, const fs::path& name = "network.dat") {
     std::ofstream(name, std::ios::binary) << bytes;
   }
@@ -63,8 +50,6 @@ class NetworkFile : public LearningTest {
   static std::size_t filesHere() {
     return static_cast<std::size_t>(std::distance(fs::directory_iterator("."), fs::directory_iterator{}));
   }
-
-  fs::path folder;
 };
 
 constexpr char wrongVersion[] = "Error: wrong version of the network.dat file!\n";
