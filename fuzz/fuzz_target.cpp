@@ -2,14 +2,13 @@
 
 #include <cstdio>
 #include <cstdlib>
-#include <filesystem>
 #include <fstream>
 #include <iostream>
 #include <iterator>
 
-namespace quorvane {
+#include "tests/support/temporary_folder.h"
 
-namespace fs = std::filesystem;
+namespace quorvane {
 
 void require(bool holds, const char* law) {
   if (holds) return;
@@ -18,13 +17,7 @@ void require(bool holds, const char* law) {
 }
 
 void enterScratchFolder() {
-  static std::string path;
-  if (!path.empty()) return;
-  const fs::path memory = "/dev/shm";
-  path = ((fs::is_directory(memory) ? memory : fs::temp_directory_path()) / "quorvane-fuzz-XXXXXX").string();
-  require(mkdtemp(path.data()) != nullptr, "a temporary folder can be made");
-  fs::current_path(path);
-  std::atexit([] { fs::remove_all(path); });
+  static const TemporaryFolder folder;
   std::cout.setstate(std::ios::badbit);
 }
 

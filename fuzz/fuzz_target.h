@@ -15,8 +15,7 @@ namespace quorvane {
 // Ends the process with a message if a law does not hold.
 void require(bool holds, const char* law);
 
-// Makes a temporary folder, in memory where it can, the current one, and silences standard output; on later
-// calls nothing. The folder goes when the process ends.
+// On the first call: makes a temporary folder the current one, and silences standard output.
 void enterScratchFolder();
 void writeFile(const char* name, std::string_view bytes);
 std::string readFile(const char* name);

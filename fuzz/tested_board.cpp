@@ -1,6 +1,7 @@
 #include "fuzz/tested_board.h"
 
 #include <algorithm>
+#include <array>
 #include <bit>
 
 #include "board/hash_state.h"
@@ -98,27 +99,28 @@ void TestedBoard::unmake() {
 
 void TestedBoard::play(const std::vector<MoveRecord>& moves, const MoveRecord& wanted, std::uint32_t named,
                        std::int32_t promotion) {
-  const PieceKind kind = board[wanted.from]->kind;
-  const auto valueOf = [&](std::uint32_t bit, std::int32_t value) {
-    return (named & bit) != 0 ? value : anyRankOrFile;
+  const auto ranksAndFiles = [](const MoveRecord& move) {
+    return std::array{rankOf(move.from), fileOf(move.from), rankOf(move.to), fileOf(move.to)};
   };
-  const std::array values = {valueOf(1, rankOf(wanted.from)), valueOf(2, fileOf(wanted.from)),
-                             valueOf(4, rankOf(wanted.to)), valueOf(8, fileOf(wanted.to))};
+  const PieceKind kind = board[wanted.from]->kind;
+  const auto wantedValues = ranksAndFiles(wanted);
+  std::array<std::int32_t, 4> values;
+  for (std::size_t i = 0; i < 4; ++i) values[i] = (named >> i & 1) != 0 ? wantedValues[i] : anyRankOrFile;
   const MoveRecord& first = *std::find_if(moves.begin(), moves.end(), [&](const MoveRecord& move) {
     const auto fits = [](std::int32_t value, std::int32_t own) {
       return value == anyRankOrFile || value == own;
     };
-    return board[move.from]->kind == kind && fits(values[0], rankOf(move.from)) &&
-           fits(values[1], fileOf(move.from)) && fits(values[2], rankOf(move.to)) &&
-           fits(values[3], fileOf(move.to));
+    const auto own = ranksAndFiles(move);
+    return board[move.from]->kind == kind && std::equal(values.begin(), values.end(), own.begin(), fits);
   });
   const bool promotes = promotion >= knightKind && promotion <= queenKind;
+  Piece& ownKing = *kings[currentMove.sideToMove];
   const bool refused = depth() + 2 >= depthLimit || kings[1 - currentMove.sideToMove]->isAttacked() ||
                        (promotes && kind == kingKind);
   images.push_back(image());
   if (playGameMove(values[0], values[1], values[2], values[3], kind, promotion)) {
-    require(!refused && currentMove.from == first.from && currentMove.to == first.to,
-            "the first move that fits is made");
+    require(!refused && !ownKing.isAttacked(), "a made move is legal");
+    require(currentMove.from == first.from && currentMove.to == first.to, "the first move that fits is made");
     require(!promotes || board[first.to]->kind == promotion, "a promotion code counts");
     checkPieces();
     return;
@@ -127,19 +129,13 @@ void TestedBoard::play(const std::vector<MoveRecord>& moves, const MoveRecord& w
   images.pop_back();
   if (refused) return;
   make(first);
-  require(kings[1 - currentMove.sideToMove]->isAttacked(),
-          "a move that fits is refused for its own king alone");
+  require(ownKing.isAttacked(), "a move that fits is refused for its own king alone");
   unmake();
 }
 
-std::array<ConfigurationWord, squareCount> TestedBoard::words() {
+void TestedBoard::describe() {
   network.classifyPosition(Network::classifyBoard, false);
   Network::computeConfigurations();
-  std::array<ConfigurationWord, squareCount> bySquare{};
-  for (std::size_t square = 0; square < squareCount; ++square) {
-    if (board[square] != board[noSquare]) bySquare[square] = board[square]->configuration;
-  }
-  return bySquare;
 }
 
 }  // namespace quorvane

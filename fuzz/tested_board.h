@@ -1,7 +1,6 @@
 #ifndef QUORVANE_FUZZ_TESTED_BOARD_H_
 #define QUORVANE_FUZZ_TESTED_BOARD_H_
 
-#include <array>
 #include <cstdint>
 #include <vector>
 
@@ -27,8 +26,8 @@ class TestedBoard : public Learner {
   void play(const std::vector<MoveRecord>& moves, const MoveRecord& wanted, std::uint32_t named,
             std::int32_t promotion);
 
-  // Computes the words; by square, 0 where nothing stands.
-  std::array<ConfigurationWord, squareCount> words();
+  // Classifies the position and computes its words.
+  void describe();
 
   std::int32_t depth() const { return history->depth; }
 
