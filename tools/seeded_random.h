@@ -14,8 +14,8 @@ class SeededRandom {
 
   // 0 to limit - 1; `limit` is at least 1.
   std::int32_t below(std::int32_t limit) {
-    const std::uint64_t draw = engine() >> 32;
-    return static_cast<std::int32_t>(draw * static_cast<std::uint64_t>(limit) >> 32);
+    const std::uint64_t number = engine() >> 32;
+    return static_cast<std::int32_t>(number * static_cast<std::uint64_t>(limit) >> 32);
   }
 
  private:

@@ -3,7 +3,6 @@
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
-#include <regex>
 #include <sstream>
 
 #include "support/temporary_folder.h"
@@ -35,7 +34,10 @@ class Console : public ::testing::Test {
     std::ofstream("answers") << answers;
     EXPECT_EQ(std::system("\"" QUORVANE_PROGRAM "\" <answers >output 2>errors"), 0);
     EXPECT_EQ(readFile("errors"), "");
-    return std::regex_replace(readFile("output"), std::regex("Time: [0-9.e+-]+ seconds"), "Time: # seconds");
+    std::string printed = readFile("output");
+    const std::size_t time = printed.find("Time: ");
+    if (time != std::string::npos) printed.replace(time, printed.find(" seconds", time) - time, "Time: #");
+    return printed;
   }
 
   static void expectRun(const std::string& name, const std::string& answers) {

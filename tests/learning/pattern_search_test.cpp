@@ -29,13 +29,12 @@ class PatternSearch : public LearningTest {
   }
 
   bool plainIsFrequent(PieceKind kind, ConfigurationWord mask) {
-    const SampleSet& set = sampleSets[type];
     std::uint32_t state = 5;
     const auto draw = [&] { return state = state * 239 % 65536; };
     std::int32_t sum = 0;
-    for (int tries = 0; tries < 1000 && set.size() > 0; ++tries) {
+    for (int tries = 0; tries < 1000 && !samples.empty(); ++tries) {
       const std::uint32_t high = draw();
-      const Sample sample = set.sample(((high << 16) | draw()) % set.size());
+      const Sample& sample = samples[((high << 16) | draw()) % samples.size()];
       std::int32_t count = 0;
       const auto fires = [&](const PieceConfiguration& piece) {
         return piece.kind == kind && (piece.word & mask) == mask ? 1 : 0;
@@ -47,6 +46,8 @@ class PatternSearch : public LearningTest {
     }
     return false;
   }
+
+  std::vector<Sample> samples;  // those of the set, for the plain search
 
   void append(ConfigurationWord own, ConfigurationWord opposing) {
     sampleSets[type].append(std::vector<PieceConfiguration>{{own, rookKind}},
@@ -65,6 +66,8 @@ TEST_F(PatternSearch, FindsTheForestOfThePlainSearch) {
   for (const auto& [count, seed] : {std::pair{0U, 0U}, {1U, 1U}, {9U, 2U}, {1500U, 3U}}) {
     fillWithRandomSamples(sampleSets[type], count, seed);
     search(type);
+    samples.clear();
+    for (std::size_t i = 0; i < count; ++i) samples.push_back(sampleSets[type].sample(i));
     for (std::int32_t kind = 0; kind < pieceKindCount; ++kind) {
       NodeList plain;
       plainSearch(static_cast<PieceKind>(kind), 0, 0, 2, plain);
