@@ -1,7 +1,5 @@
 #include "inspect/validation.h"
 
-#include <regex>
-
 #include "inspect/inspect_fixture.h"
 #include "inspect/network_reader.h"
 
@@ -14,23 +12,24 @@ TEST_F(Validate, GamesThatWereLearnedGiveTheFiguresThatTheUtilityPrinted) {
   const std::string learned = learn();
   networkTable = readNetwork("network.dat");
   const Validation validation = validateOn({"few.pgn"}, [](auto&&...) {});
-  const std::regex fit(
-      "positiontype (\\d+)[^=]*f\\(w\\)=(\\S+)  Mean error: (\\S+)\n[^:]*: (\\S+)%\\s*f\\(w\\)=(\\S+)  Mean "
-      "error: (\\S+)");
-  std::int32_t types = 0;
-  for (std::sregex_iterator match(learned.begin(), learned.end(), fit), end; match != end; ++match, ++types) {
-    const Measurement& measured = validation.byType[std::stoi(match->str(1))];
-    const auto expectPrinted = [&](int group, double sum) {
-      const double printed = std::stod(match->str(static_cast<std::size_t>(group)));
-      EXPECT_NEAR(sum / static_cast<double>(measured.samples()), printed, 1e-4 * printed) << match->str(1);
+  std::size_t at = 0;
+  const auto next = [&](const std::string& label) {
+    at = learned.find(label, at) + label.size();
+    return std::stod(learned.substr(at));
+  };
+  for (PositionType type = firstLearnedType; type <= lastPositionType; ++type) {
+    EXPECT_EQ(next("Fitting weights of positiontype "), type);
+    const Measurement& measured = validation.byType[type];
+    const auto expectNext = [&](const std::string& label, double sum) {
+      const double printed = next(label);
+      EXPECT_NEAR(sum / static_cast<double>(measured.samples()), printed, 1e-4 * printed) << label << type;
     };
-    expectPrinted(2, measured.zeros().squares);
-    expectPrinted(3, measured.zeros().absolutes);
-    expectPrinted(4, 100.0 * static_cast<double>(measured.network().hits));
-    expectPrinted(5, measured.network().squares);
-    expectPrinted(6, measured.network().absolutes);
+    expectNext("f(w)=", measured.zeros().squares);
+    expectNext("Mean error: ", measured.zeros().absolutes);
+    expectNext("Hit percentage: ", 100.0 * static_cast<double>(measured.network().hits));
+    expectNext("f(w)=", measured.network().squares);
+    expectNext("Mean error: ", measured.network().absolutes);
   }
-  EXPECT_EQ(types, 8);
 }
 
 TEST(Measurement, SortsSamplesIntoTenthsAndCountsSignsOfDecidedGames) {
