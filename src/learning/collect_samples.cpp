@@ -1,105 +1,10 @@
-#include <cmath>
-#include <cstdlib>
 #include <iostream>
-#include <span>
 
-#include "board/piece.h"
 #include "learning/learner.h"
+#include "learning/quiet_positions.h"
+#include "learning/side_configurations.h"
 
 namespace quorvane {
-
-namespace {
-
-// In thousandths of a pawn.
-constexpr std::int32_t mostOneSided = 10000;  // positions are taken below this difference of material
-constexpr std::int32_t quietMargin = 1000;    // and if it changes by less than this within two or four plies
-
-constexpr std::int32_t shortestGame = 11;  // plies
-
-// How one-sided the material was over the whole game, whoever won: 0.25 for equal sums. Infinite or not a
-// number if a side had nothing but its king all along.
-float dominanceOf(std::int64_t whiteSum, std::int64_t blackSum) {
-  const auto w = static_cast<double>(whiteSum);
-  const auto b = static_cast<double>(blackSum);
-  const double ratio = whiteSum > blackSum ? w / b : b / w;
-  return static_cast<float>((ratio - 0.95) * 5.0);
-}
-
-// The value for White of a position at `depth` of `total` plies. What is not finite counts as 0, and nothing
-// else leaves the range: a side's material sums are no more than some hundred thousand times the other's.
-std::int32_t targetOf(std::int32_t depth, std::int32_t total, std::int32_t result, float dominance) {
-  constexpr float scale = 150.0F;
-  const double value = static_cast<double>(depth) / static_cast<double>(total) * static_cast<double>(result) *
-                       static_cast<double>(dominance) * static_cast<double>(scale);
-  return std::isfinite(value) ? static_cast<std::int32_t>(value) : 0;
-}
-
-// Takes a position by its difference of material and those two and four plies later in the game, walking
-// backwards.
-class QuietFilter {
- public:
-  bool takes(std::int32_t difference) const {
-    return difference < mostOneSided &&
-           (std::abs(difference - later[1]) < quietMargin || std::abs(difference - later[3]) < quietMargin);
-  }
-
-  void remember(std::int32_t difference) {
-    for (std::int32_t ply = 3; ply > 0; --ply) later[ply] = later[ply - 1];
-    later[0] = difference;
-  }
-
- private:
-  Table<std::int32_t, 4> later{};  // one to four plies later; 0 behind the end of the game
-};
-
-// The material of both sides along a game.
-class MaterialLine {
- public:
-  MaterialLine(Piece* whiteKing, Piece* blackKing) {
-    forEachInRing(whiteKing, [&](const Piece& piece) { now[white] += piece.material; });
-    forEachInRing(blackKing, [&](const Piece& piece) { now[black] += piece.material; });
-  }
-
-  // Goes on to the position at `depth`, which `move` has led to.
-  void follow(std::int32_t depth, const UndoRecord& move) {
-    const Piece& mover = *move.movedPiece;
-    now[1 - mover.side] -= move.capturedPiece->material;  // nothing for the empty square
-    if (move.undoKind == enPassantCapture) now[1 - mover.side] -= move.auxPiece->material;
-    if (move.undoKind >= promoteToQueen) now[mover.side] += mover.material - move.auxPiece->material;
-    sums[white] += now[white];
-    sums[black] += now[black];
-    differences[depth] = std::abs(now[white] - now[black]);
-  }
-
-  // Over all positions followed.
-  std::int64_t sum(Side side) const { return sums[side]; }
-  std::int32_t differenceAt(std::int32_t depth) const { return differences[depth]; }
-
- private:
-  Table<std::int32_t, 2> now{};
-  Table<std::int64_t, 2> sums{};
-  Table<std::int32_t, historyCapacity> differences;
-};
-
-// The configurations of one side, in the order of its ring.
-class SideConfigurations {
- public:
-  explicit SideConfigurations(Piece* king) {
-    forEachInRing(king, [&](const Piece& piece) {
-      pieces[count++] = {piece.configuration, static_cast<std::uint8_t>(piece.kind)};
-    });
-  }
-
-  std::span<const PieceConfiguration> list() const {
-    return {pieces.begin(), static_cast<std::size_t>(count)};
-  }
-
- private:
-  Table<PieceConfiguration, 16> pieces;
-  std::int32_t count = 0;
-};
-
-}  // namespace
 
 void Learner::collectSamples(PgnDatabase& database) {
   for (SampleSet& set : sampleSets) set.clear();
@@ -115,33 +20,10 @@ void Learner::collectSamples(PgnDatabase& database) {
 }
 
 void Learner::collectGame(PgnGame& game, std::int32_t result) {
-  setupPosition(game.placement, game.sideToMove);
-  MaterialLine material(kings[white], kings[black]);
-  std::int32_t fromRank;
-  std::int32_t fromFile;
-  std::int32_t toRank;
-  std::int32_t toFile;
-  std::int32_t kind;
-  std::int32_t promotion;
-  while (game.nextMove(fromRank, fromFile, toRank, toFile, kind, promotion)) {
-    if (!playGameMove(fromRank, fromFile, toRank, toFile, kind, promotion)) return;
-    material.follow(history->depth, history->record(history->depth));
-  }
-  const std::int32_t total = history->depth;
-  if (total < shortestGame) return;
-
-  const float dominance = dominanceOf(material.sum(white), material.sum(black));
-  QuietFilter filter;
-  for (; history->depth > 0; unmakeMove()) {
-    const std::int32_t difference = material.differenceAt(history->depth);
-    if (filter.takes(difference)) {
-      currentSet = &sampleSets[network.classifyPosition(Network::classifyBoard, false)];
-      const std::int32_t target = targetOf(history->depth, total, result, dominance);
-      const Side side = currentMove.sideToMove;
-      addSample(side == white ? target : -target, side);
-    }
-    filter.remember(difference);
-  }
+  QuietPositions::forEach(game, result, [this](std::int32_t target) {
+    currentSet = &sampleSets[network.classifyPosition(Network::classifyBoard, false)];
+    addSample(target, currentMove.sideToMove);
+  });
 }
 
 void Learner::addSample(std::int32_t target, Side side) {

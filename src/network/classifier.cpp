@@ -45,6 +45,10 @@ PositionType typeByMaterial(const PieceCounts& first, const PieceCounts& second,
 
 }  // namespace
 
+bool Network::isPawnEnding(PositionType type) {
+  return type == onePawnEnding || type == kingsAndPawns;
+}
+
 PositionType Network::classifyPosition(PositionType requested, bool clear) {
   positionType = requested;
   if (requested == classifyBoard) {
@@ -61,7 +65,7 @@ PositionType Network::classifyPosition(PositionType requested, bool clear) {
     const PieceCounts opposing = count(1 - currentMove.sideToMove);
     positionType = typeByMaterial(moving, opposing, total);
   }
-  pawnEnding = positionType == onePawnEnding || positionType == kingsAndPawns;
+  pawnEnding = isPawnEnding(positionType);
   if (clear) clearCaches();
   currentLists = &networkTable[positionType];
   return positionType;

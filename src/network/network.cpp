@@ -6,7 +6,9 @@ NetworkTable networkTable;
 
 bool Network::networkLoaded = false;
 
-Network::Network() : currentLists(&networkTable[lastPositionType]) {
+Network::Network(TableAsItStands) : currentLists(&networkTable[lastPositionType]) {}
+
+Network::Network() : Network(TableAsItStands{}) {
   if (networkLoaded) return;
   networkLoaded = true;  // first: a load that fails is not repeated
   loadNetwork();

@@ -23,9 +23,16 @@ class Network : public Board {
   // Reads network.dat, the first time in the process only.
   Network();
 
+  // Works on the network table as it stands; reads nothing.
+  struct TableAsItStands {};
+  explicit Network(TableAsItStands);
+
   // Classifies the position on the board, or takes `requested`, 0 to 13, as it is. Sets positionType,
   // pawnEnding and the row in use, and clears the caches if told to. Gives the type.
   PositionType classifyPosition(PositionType requested, bool clear);
+
+  // Is this a type of kings and pawns only, whose pawns have bits of their own?
+  static bool isPawnEnding(PositionType type);
 
   // Fills `configuration` of every piece on the board. The position must have been classified: pawnEnding is
   // read.

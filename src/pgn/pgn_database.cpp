@@ -1,6 +1,5 @@
 #include "pgn/pgn_database.h"
 
-#include <array>
 #include <fstream>
 #include <string_view>
 
@@ -11,36 +10,14 @@ namespace quorvane {
 namespace {
 
 constexpr std::string_view defaultStart = "FEN \"rnbqkbnr/pppppppp/8/8/8/8/PPPPPPPP/RNBQKBNR w KQkq - 0 1\"";
-constexpr std::int32_t mostPiecesOfASide = 16;
 
 bool isFenTag(std::string_view tag) {
   return tag.starts_with("FEN ") || tag.starts_with("fen ") || tag.starts_with("Fen ");
 }
 
-// The board has ids for 16 pieces on a side and room for one on a square, and a pawn that can go no further
-// has no moves that stay on it.
-bool fitsBoard(const Placement& placement) {
-  std::array<bool, squareCount> taken{};
-  for (const std::uint8_t square : placement.all()) {
-    if (taken[square]) return false;
-    taken[square] = true;
-  }
-  for (const std::int32_t firstList : {0, placementListsPerSide}) {
-    std::size_t pieces = 0;
-    for (std::int32_t list = 0; list < placementListsPerSide; ++list)
-      pieces += placement[firstList + list].size();
-    if (pieces > mostPiecesOfASide) return false;
-    const std::int32_t lastRank = firstList == 0 ? 0 : 7;
-    for (const std::uint8_t square : placement[firstList]) {  // the pawns
-      if (rankOf(square) == lastRank) return false;
-    }
-  }
-  return true;
-}
-
 bool readStart(PgnGame& game, std::string_view fenTag) {
   if (!game.parseFen(fenTag)) return false;
-  if (fitsBoard(game.placement)) return true;
+  if (game.placement.fitsBoard()) return true;
   game.placement.clear();
   return false;
 }

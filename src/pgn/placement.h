@@ -35,6 +35,9 @@ class Placement {
   // All squares, list after list.
   std::span<const std::uint8_t> all() const { return squares; }
 
+  // Can Learner::setupPosition put it on the board? The kings are not looked at.
+  bool fitsBoard() const;
+
   void append(std::int32_t list, Square square);
   void clear();
 
