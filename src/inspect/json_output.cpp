@@ -73,7 +73,7 @@ double shortest(float number) {
 }
 
 std::string textOf(const Json& json, bool indented) {
-  return json.dump(indented ? 2 : -1, ' ', false, Json::error_handler_t::replace);
+  return json.dump(indented ? 2 : -1, ' ', false, Json::error_handler_t::replace) + "\n";
 }
 
 Json listJson(const ListSummary& list) {

@@ -24,8 +24,9 @@ Json listJson(const ListSummary& list);
 // The shortest decimal number that reads back as the same 32-bit float.
 double shortest(float number);
 
-// Text of the JSON, over several lines or on one. What is no UTF-8 in names of files is replaced.
-std::string textOf(const Json& json, bool indented);
+// Text of the JSON, with a line end, over several lines or on one. What is no UTF-8 in names of files is
+// replaced.
+std::string textOf(const Json& json, bool indented = true);
 
 }  // namespace quorvane
 

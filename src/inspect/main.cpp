@@ -43,10 +43,6 @@ void print(const std::string& text) {
   if (!std::cout) throw Fault("standard output", "cannot be written");
 }
 
-void print(const Arguments& arguments, const Json& json, const std::string& text) {
-  print(arguments.json ? textOf(json, true) + "\n" : text);
-}
-
 // One line that grows, for people only.
 void showProgress(const std::string& file, std::int32_t done, std::int32_t games) {
   constexpr std::int64_t width = 40;
@@ -69,7 +65,8 @@ void runShow(const Arguments& arguments) {
     if (arguments.kind == kindName(kind)) selection.kind = kind;
   }
   const std::vector<ListSummary> lists = summarise(networkTable, selection);
-  print(arguments, showJson(arguments.network, lists, arguments.top), showText(lists, arguments.top));
+  print(arguments.json ? textOf(showJson(arguments.network, lists, arguments.top))
+                       : showText(lists, arguments.top));
 }
 
 void runExplain(const Arguments& arguments) {
@@ -80,13 +77,13 @@ void runExplain(const Arguments& arguments) {
     Position::setGame(arguments.gameFile, arguments.game, arguments.ply);
   }
   const Explanation explanation = explainPosition();
-  print(arguments, explainJson(arguments.network, explanation, arguments.topOfPiece),
-        explainText(explanation, arguments.topOfPiece));
+  print(arguments.json ? textOf(explainJson(arguments.network, explanation, arguments.topOfPiece))
+                       : explainText(explanation, arguments.topOfPiece));
 }
 
 void runValidate(const Arguments& arguments) {
   const Validation validation = validate(arguments);
-  print(arguments, validateJson(arguments.network, validation), validateText(validation));
+  print(arguments.json ? textOf(validateJson(arguments.network, validation)) : validateText(validation));
 }
 
 void runReport(const Arguments& arguments) {
@@ -109,6 +106,7 @@ CLI::App& addShow(CLI::App& app, Arguments& arguments) {
   show.add_option("--type", arguments.type, "Only this position type, 0 to 13")
       ->check(CLI::Range(0, lastPositionType));
   std::vector<std::string> kinds;
+  kinds.reserve(pieceKindCount);
   for (std::int32_t kind = 0; kind < pieceKindCount; ++kind) kinds.emplace_back(kindName(kind));
   show.add_option("--kind", arguments.kind, "Only this piece kind")->check(CLI::IsMember(kinds));
   show.add_option("--top", arguments.top, "How many of the strongest patterns")
