@@ -38,7 +38,9 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   using namespace quorvane;
   enterScratchFolder();
   static QuickLearner learner;
-  for (NetworkRow& row : networkTable) row = {};
+  for (NetworkRow& row : networkTable) {
+    for (NodeList& list : row) list.clear();
+  }
   writeFile("games.pgn", {reinterpret_cast<const char*>(data), size});
   PgnDatabase database;
   database.load("games.pgn");

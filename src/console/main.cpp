@@ -7,5 +7,9 @@ int main() {
   // Whoever reads the output may go away; what is being learned is still wanted.
   std::signal(SIGPIPE, SIG_IGN);
 #endif
+#ifdef SIGXFSZ
+  // A file that may not grow is a full disk: the old network.dat stays.
+  std::signal(SIGXFSZ, SIG_IGN);
+#endif
   return quorvane::runConsole();
 }

@@ -79,7 +79,7 @@ class MaterialLine {
  private:
   Table<std::int32_t, 2> now{};
   Table<std::int64_t, 2> sums{};
-  Table<std::int32_t, historyCapacity> differences;
+  Table<std::int32_t, historyCapacity> differences{};
 };
 
 }  // namespace

@@ -4,6 +4,7 @@
 #include <fstream>
 #include <iostream>
 #include <string>
+#include <string_view>
 #include <system_error>
 
 #include "network/network.h"
@@ -44,11 +45,33 @@ std::string networkBytes() {
   return bytes;
 }
 
-// False only if the file cannot be opened; a write that fails on the way is not reported.
+// Over the bytes from `start` on, without cutting the file; false if not all of them could be written.
+bool overwrite(const fs::path& path, std::string_view bytes, std::size_t start) {
+  std::ofstream file(path, std::ios::binary | std::ios::in | std::ios::out);
+  file.seekp(static_cast<std::streamoff>(start));
+  file << bytes.substr(start);
+  file.close();
+  return !file.fail();
+}
+
+// False only if the file cannot be opened; a write that fails on the way is not reported. What is longer than
+// the old file is written first, so that a full disk shows while the old bytes still stand.
 bool writeInPlace(const fs::path& path, const std::string& bytes) {
-  std::ofstream file(path, std::ios::binary | std::ios::trunc);
-  if (!file) return false;
-  file.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
+  std::error_code error;
+  const std::uintmax_t oldSize = fs::is_regular_file(path, error) ? fs::file_size(path, error) : 0;
+  if (oldSize == 0) {
+    std::ofstream file(path, std::ios::binary | std::ios::trunc);
+    if (!file) return false;
+    file << bytes;
+    return true;
+  }
+  if (!std::ofstream(path, std::ios::binary | std::ios::in | std::ios::out)) return false;
+  if (bytes.size() > oldSize && !overwrite(path, bytes, oldSize)) {
+    fs::resize_file(path, oldSize, error);
+    return true;
+  }
+  overwrite(path, bytes, 0);
+  fs::resize_file(path, bytes.size(), error);
   return true;
 }
 

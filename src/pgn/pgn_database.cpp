@@ -60,6 +60,8 @@ void readToken(PgnScanner& scanner, char first, std::string& token) {
 }  // namespace
 
 void PgnDatabase::load(const std::string& name) {
+  if (name.find('\0') != std::string::npos)
+    return;  // no file has such a name, but one that ends there may exist
   std::ifstream file(name);
   if (!file) return;
   PgnScanner scanner(file);

@@ -39,6 +39,7 @@ TEST_F(GameMove, CodePromotesWhateverMoves) {
     setUp("r6k/1P6/8/8/8/8/4P3/4K1N1 w");
     EXPECT_TRUE(play(token));
     EXPECT_EQ(history->record(1).movedPiece->kind, kind) << token;
+    EXPECT_EQ(history->record(1).movedPiece->moveCount, 1) << token;
   }
 }
 
@@ -49,13 +50,31 @@ TEST_F(GameMove, LastMoveIsThe398th) {
   EXPECT_EQ(currentMove.status, statusTooDeep);
 }
 
-TEST_F(GameMove, FindsEveryMoveOfFifteenQueens) {
-  setUp("kr6/pp6/8/2QQQQQQ/2Q4Q/2Q4Q/2Q4Q/2QQQ1K1 w");
-  for (const auto& [from, to, kind, status, side, found] : allMoves()) {
-    const PieceKind piece = board[from]->kind;
-    EXPECT_TRUE(playGameMove(rankOf(from), fileOf(from), rankOf(to), fileOf(to), piece, noPromotion));
-    unmakeMove();
-  }
+TEST_F(GameMove, DestinationAloneTakesTheFirstRecordThatReachesIt) {
+  playRandomGames([this] {
+    const std::vector<MoveRecord> all = allMoves();
+    for (const MoveRecord& move : all) {
+      const PieceKind piece = board[move.from]->kind;
+      const MoveRecord first = *std::ranges::find_if(all, [&](const MoveRecord& other) {
+        return other.to == move.to && board[other.from]->kind == piece;
+      });
+      const bool legal = makeIfLegal(first);
+      if (legal) unmakeMove();
+      ASSERT_EQ(playGameMove(8, 8, rankOf(move.to), fileOf(move.to), piece, noPromotion), legal);
+      if (!legal) continue;
+      ASSERT_EQ(currentMove.from, first.from);
+      ASSERT_EQ(currentMove.kind, first.kind);
+      unmakeMove();
+    }
+  });
+}
+
+TEST_F(GameMove, FindsTheLastMoveOfFifteenQueens) {
+  const std::string queens = "kr6/pp6/8/2QQQQQQ/2Q4Q/2Q4Q/2Q4Q/2QQQ1K1 w";
+  setUp(queens);
+  EXPECT_TRUE(playGameMove(4, 2, 7, 2, queenKind, noPromotion));
+  setUp(queens);
+  EXPECT_TRUE(playGameMove(4, 2, 8, 2, queenKind, noPromotion)) << "a search through all their records";
 }
 
 }  // namespace quorvane

@@ -38,7 +38,7 @@ TEST_F(PieceMoves, ComeDirectionByDirectionAndCastlingLast) {
                           {"4k3/8/8/8/4r3/8/8/R3K2R w", "e1 f1 d2 e2 f2 d1"},
                           {"4k3/8/8/8/3r1r2/8/8/R3K2R w", "e1 f1 d2 e2 f2 d1"},
                           {"4k3/8/8/8/1rr3rr/8/8/R3K2R w", "e1 f1 d2 e2 f2 d1 g1 c1"},
-                          {"4k3/8/8/8/8/8/8/RN2K1NR w", "e1 f1 d2 e2 f2 d1"},
+                          {"4k3/8/8/8/8/8/8/RN2K2B w", "e1 f1 d2 e2 f2 d1"},
                           {"4k3/8/8/8/8/8/8/1R3K1R w", "f1 g1 e2 f2 g2 e1"}};
   for (const auto& [fen, expected] : lines) {
     setUp(fen);

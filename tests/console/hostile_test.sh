@@ -114,4 +114,8 @@ for way in closed_output full_output closed_pipe; do
   cmp -s network.dat learned || fail 'nothing was learned'
 done
 
+# A limit on the size of files is a full disk.
+limited() { (ulimit -f 1 && "$program"); }
+run 'files that may not grow' - limited
+
 [ ! -e failures ]

@@ -18,7 +18,7 @@ TEST(FenParser, TakesAnyTextWithOneKingASide) {
       {"4k3/72/r7/8/8/8/8/4K3 - - - 0 1", "r40 k60 K4 1 0000 64 0 1"},   // more than eight files
       {"4k3r7/8/8/8/8/8/4K3 B - - 0 1", "k60 K4 1 0000 64 0 1"},         // the separator is not looked at
       {"4k3//r/8/8/8/8/4K3 b - - 0 1", "r40 k60 K4 0 0000 64 0 1"},      // an empty row
-      {"4k3/x0r9/8/8/8/8/8/4K3 b - - 0 1", "r48 k60 K4 0 0000 64 0 1"},  // characters that mean nothing
+      {"4k3/x09r/8/8/8/8/8/4K3 b - - 0 1", "r48 k60 K4 0 0000 64 0 1"},  // characters that mean nothing
       {"4k3/8/8/8/8/8/8/4K2 r b - - 0 1", "r7 k60 K4 0 0000 64 0 1"},    // a last row that goes on
   };
   for (const auto& [text, expected] : lines) {
@@ -68,7 +68,7 @@ TEST(MoveTokens, DecodeIntoOriginDestinationKindAndPromotion) {
 
 TEST(MoveTokens, BadMoveEndsTheGameAndOtherTokensArePassedOver) {
   for (const std::string token :
-       {"O-O+", "O-O-O!", "e8Q", "e", "N", "K+", "e.p.", "e9", "e0", "Qx", "b\xe4", "bi4"})
+       {"O-O+", "O-O-O!", "e8Q", "e8=K", "e", "N", "K+", "e.p.", "e9", "e0", "Qx", "b\xe4", "bi4"})
     EXPECT_EQ(decoded(token + " e4"), "") << token;
   EXPECT_EQ(decoded("1. {Nf3} (e4) <x> * ..e5 $1 !e4 0-0 i4 o-o 1-0 n d4 ; *"), "883306");
 }
