@@ -23,6 +23,7 @@ constexpr bool contains(ConfigurationWord word, ConfigurationWord part) {
 template <typename Items, typename Value>
 std::vector<ConfigurationWord> differentValues(const Items& items, Value valueOf) {
   std::vector<ConfigurationWord> values;
+  values.reserve(items.size());
   for (const auto& item : items) values.push_back(valueOf(item));
   std::sort(values.begin(), values.end());
   values.erase(std::unique(values.begin(), values.end()), values.end());

@@ -13,7 +13,7 @@ namespace quorvane {
 // caches alone: what they are worth plays no part in it.
 class FitSystem::CacheModel {
  public:
-  CacheModel() : words(2 * pieceKindCount * EvalCache::size) {}
+  CacheModel() : words(std::size_t{2} * pieceKindCount * EvalCache::size) {}
 
   // Looks `piece` up and stores it; `list` is 0 for own pieces and 1 for opposing ones.
   bool misses(const PieceConfiguration& piece, std::size_t list) {
