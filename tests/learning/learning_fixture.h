@@ -36,6 +36,11 @@ struct QuietStart {
 
 class LearningTest : public ::testing::Test, private QuietStart, public Learner {
  protected:
+  // The table outlives every Learner.
+  void TearDown() override {
+    for (NetworkRow& row : networkTable) row = {};
+  }
+
   // A set of samples like those of games: few kinds of words in many variations, so that words repeat, share
   // bits and meet in the evaluation caches. The same for a seed everywhere.
   void fillWithRandomSamples(SampleSet& set, std::size_t count, std::uint32_t seed) {

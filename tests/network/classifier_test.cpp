@@ -25,6 +25,7 @@ TEST_F(Classifier, TellsPositionsByMaterial) {
 
 TEST_F(Classifier, TakesARequestedTypeAndClearsCachesIfTold) {
   const Sample sample{{{4, rookKind}}, {}, 0};
+  for (NetworkRow& row : networkTable) row = {};
   networkTable[8][rookKind] = {{4, 0, 2.5F, 1, 0, 0, 0, 0}};
   network.classifyPosition(8, true);
   EXPECT_EQ(network.evaluate(sample), 2.5);
