@@ -28,21 +28,16 @@ class BenchLearner : public Learner {
   // Plays a game to its last move. Gives the number of plies, or -1 if a move was refused.
   static std::int32_t replay(PgnGame& game) {
     setupPosition(game.placement, game.sideToMove);
-    std::int32_t move[6];
-    std::int32_t plies = 0;
-    for (; game.nextMove(move[0], move[1], move[2], move[3], move[4], move[5]); ++plies) {
-      if (!playGameMove(move[0], move[1], move[2], move[3], move[4], move[5])) return -1;
+    for (DecodedMove move; game.nextMove(move);) {
+      if (!playGameMove(move)) return -1;
     }
-    return plies;
+    return history->depth;
   }
 
   // Selects the type that the calls below work on.
-  void use(PositionType type) {
-    currentSet = &sampleSets[type];
-    network.classifyPosition(type, true);
-  }
+  using Learner::use;
   const SampleSet& set() const { return *currentSet; }
-  void search() { searchPatterns(2); }  // as deep as searchAllPatterns
+  void search() { searchPatterns(searchDepth); }
   Network& model() { return network; }
 
   const SampleSet& setOf(PositionType type) const { return sampleSets[type]; }

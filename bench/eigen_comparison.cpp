@@ -19,7 +19,8 @@
 #include <vector>
 
 #include "bench/bench_input.h"
-#include "learning/fit_system.h"
+#include "learning/fit/fit_system.h"
+#include "learning/sample_walk.h"
 
 namespace {
 
@@ -48,9 +49,8 @@ Matrix netCounts(const SampleSet& set, const NetworkRow& row) {
     countsOfKind.push_back(first);
     first += list.size();
   }
-  const auto add = [&](std::span<const std::uint32_t> pieces, int sign) {
-    for (const std::uint32_t number : pieces) {
-      const PieceConfiguration& piece = set.configurations()[number];
+  const auto add = [&](std::span<const PieceConfiguration> pieces, int sign) {
+    for (const PieceConfiguration& piece : pieces) {
       const NodeList& list = row[piece.kind];
       int* const ofKind = countsOfKind[piece.kind];
       forEachFiringNode(list, piece.word,
@@ -58,10 +58,11 @@ Matrix netCounts(const SampleSet& set, const NetworkRow& row) {
     }
   };
   Matrix matrix(static_cast<Index>(set.size()), static_cast<Index>(counts.size()));
-  for (Index sample = 0; sample < matrix.rows(); ++sample) {
+  SampleWalk walk(set);
+  for (Index sample = 0; walk.next(); ++sample) {
     std::fill(counts.begin(), counts.end(), 0);
-    add(set.view(static_cast<std::size_t>(sample)).ownList, 1);
-    add(set.view(static_cast<std::size_t>(sample)).opposingList, -1);
+    add(walk.ownList(), 1);
+    add(walk.opposingList(), -1);
     matrix.startVec(sample);
     for (Index node = 0; node < matrix.cols(); ++node) {
       const int count = counts[static_cast<std::size_t>(node)];
@@ -75,9 +76,8 @@ Matrix netCounts(const SampleSet& set, const NetworkRow& row) {
 
 Eigen::VectorXd targetsOf(const SampleSet& set) {
   Eigen::VectorXd targets(static_cast<Index>(set.size()));
-  for (Index sample = 0; sample < targets.size(); ++sample) {
-    targets[sample] = static_cast<double>(set.view(static_cast<std::size_t>(sample)).target);
-  }
+  SampleWalk walk(set);
+  for (Index sample = 0; walk.next(); ++sample) targets[sample] = walk.target();
   return targets;
 }
 
@@ -92,10 +92,7 @@ struct OwnFit {
     for (int step = 1; step < steps; ++step) model.conjugateStep(system, false);
     return cpuSeconds() - start;
   }
-  double objective() const {
-    const double squares = system.residuals(FitSystem::Caches::cleared).squares;
-    return squares / static_cast<double>(system.sampleCount());
-  }
+  double objective() { return system.residuals(FitSystem::Caches::cleared).objective(); }
 
   Network& model;
   FitSystem system;

@@ -2,7 +2,7 @@
 
 #include "bench/bench_input.h"
 #include "bench/bench_sizes.h"
-#include "learning/fit_system.h"
+#include "learning/fit/fit_system.h"
 
 namespace {
 
@@ -33,23 +33,24 @@ void BM_BuildFitSystem(benchmark::State& state) {
 }
 BENCHMARK(BM_BuildFitSystem)->Apply(atAllSizes);
 
-void BM_SquaredNetCounts(benchmark::State& state) {
+void BM_AccumulateCounts(benchmark::State& state) {
   BenchLearner& learner = learnerOf(state);
+  const FitSystem system(learner.set(), learner.model().row());
   while (state.KeepRunning()) {
-    const std::vector<double> squares = squaredNetCounts(learner.set(), learner.model().row());
+    const std::vector<double> squares = system.accumulateCounts();
     if (std::accumulate(squares.begin(), squares.end(), 0.0) == 0.0) state.SkipWithError("nothing fires");
   }
   countSamples(state, learner.set());
 }
-BENCHMARK(BM_SquaredNetCounts)->Apply(atAllSizes);
+BENCHMARK(BM_AccumulateCounts)->Apply(atAllSizes);
 
 void BM_FitStep(benchmark::State& state) {
   BenchLearner& learner = learnerOf(state);
   const QuietOutput quiet;
   FitSystem system(learner.set(), learner.model().row());
-  const double first = learner.model().buildPreconditioner(system);
+  const double first = learner.model().buildPreconditioner(system).objective();
   double last = first;
-  while (state.KeepRunning()) last = learner.model().conjugateStep(system, false);
+  while (state.KeepRunning()) last = learner.model().conjugateStep(system, false).objective();
   if (!(last < first)) state.SkipWithError("the objective has not fallen");
   countSamples(state, learner.set());
 }

@@ -14,46 +14,49 @@
 #include <vector>
 
 #include "bench/bench_learner.h"
+#include "learning/fit/fit_progress.h"
+#include "learning/fit/fit_system.h"
 
 namespace {
 
 using namespace quorvane;
 
-// Stands in front of std::cout and tells from what is printed when the fit of a type begins and ends and how
-// many steps it takes, so that what is measured is what users run.
-class FitWatch : public std::streambuf {
+// Takes the times of the fits as they go by, so that what is measured is what users run.
+class FitTimes : public FitProgress {
  public:
   struct Fit {
-    double start;
+    PositionType type;
+    double start;  // in CPU seconds of the process
     double firstStep = 0.0;
     double end = 0.0;
+    std::size_t samples = 0;
+    std::size_t rows = 0;
+    std::size_t configurations = 0;
     std::size_t steps = 0;
   };
 
-  FitWatch() : standard(std::cout.rdbuf(this)) {}
-  ~FitWatch() override { std::cout.rdbuf(standard); }
-
-  std::vector<Fit> fits;  // in CPU seconds of the process
-
- private:
-  int_type overflow(int_type character) override {
-    line += traits_type::to_char_type(character);
-    if (line == steps) fits.back().firstStep = cpuSeconds();
-    if (line.back() == '\n') {
-      if (line.starts_with("Fitting weights")) fits.push_back({cpuSeconds()});
-      if (line.starts_with(steps)) {
-        fits.back().end = cpuSeconds();
-        fits.back().steps = line.find(' ', steps.size()) - steps.size();  // a dot each, then " done."
-      }
-      line.clear();
-    }
-    return standard->sputc(traits_type::to_char_type(character));
+  void begins(PositionType type) override {
+    FitProgress::begins(type);
+    fits.push_back({type, cpuSeconds()});
   }
-  int sync() override { return standard->pubsync(); }
+  void built(const FitSystem& system, const Residuals& residuals) override {
+    FitProgress::built(system, residuals);
+    Fit& fit = fits.back();
+    fit.firstStep = cpuSeconds();
+    fit.samples = system.sampleCount();
+    fit.rows = system.rowCount();
+    fit.configurations = system.configurationCount();
+  }
+  void stepped(const Residuals& residuals) override {
+    FitProgress::stepped(residuals);
+    ++fits.back().steps;
+  }
+  void fitted() override {
+    FitProgress::fitted();
+    fits.back().end = cpuSeconds();
+  }
 
-  const std::string steps = "Weight fitting ";
-  std::streambuf* const standard;
-  std::string line;
+  std::vector<Fit> fits;
 };
 
 template <typename Phase>
@@ -67,18 +70,21 @@ void report(const char* name, Phase phase) {
                static_cast<double>(usage.ru_maxrss) / 1024.0);
 }
 
-void reportFits(const BenchLearner& learner, const std::vector<FitWatch::Fit>& fits) {
-  std::fprintf(stderr, "type   samples  different words  before steps  steps   in steps  sample and step\n");
-  PositionType type = firstLearnedType;
-  for (const FitWatch::Fit& fit : fits) {
-    const SampleSet& set = learner.setOf(type);
+void reportFits(const std::vector<FitTimes::Fit>& fits) {
+  std::fprintf(
+      stderr, "type   samples      rows  different words  before steps  steps   in steps  sample and step\n");
+  double before = 0.0;
+  double inAllSteps = 0.0;
+  for (const FitTimes::Fit& fit : fits) {
     const double inSteps = fit.end - fit.firstStep;
-    const double sampleSteps = static_cast<double>(set.size()) * static_cast<double>(fit.steps);
-    std::fprintf(stderr, "%4d %9zu %16zu %11.3f s %6zu %8.3f s %13.1f ns\n", type++, set.size(),
-                 set.configurations().size(), fit.firstStep - fit.start, fit.steps, inSteps,
+    const double sampleSteps = static_cast<double>(fit.samples) * static_cast<double>(fit.steps);
+    std::fprintf(stderr, "%4d %9zu %9zu %16zu %11.3f s %6zu %8.3f s %13.1f ns\n", fit.type, fit.samples,
+                 fit.rows, fit.configurations, fit.firstStep - fit.start, fit.steps, inSteps,
                  1e9 * inSteps / std::max(sampleSteps, 1.0));
+    before += fit.firstStep - fit.start;
+    inAllSteps += inSteps;
   }
-  std::fprintf(stderr, "%zu samples of all 14 types\n", learner.sampleCount());
+  std::fprintf(stderr, "before the steps %.3f s, in steps %.3f s\n", before, inAllSteps);
 }
 
 }  // namespace
@@ -94,15 +100,19 @@ int main(int argc, char** argv) {
   });
   BenchLearner learner;
   PgnDatabase database;
-  FitWatch watch;
+  FitTimes times;
   report("all", [&] {
     report("load", [&] {
       for (const std::string& name : files) database.load(name);
     });
-    report("collect", [&] { learner.collectSamples(database); });
+    report("collect", [&] {
+      learner.collectSamples(database);
+      database.clear();
+    });
     report("search", [&] { learner.searchAllPatterns(); });
-    report("fit", [&] { learner.fitAllWeights(); });
+    std::fprintf(stderr, "%zu samples of all 14 types\n", learner.sampleCount());
+    report("fit", [&] { learner.fitAllWeights(times); });
   });
-  reportFits(learner, watch.fits);
+  reportFits(times.fits);
   return 0;
 }

@@ -3,6 +3,7 @@
 
 #include "fuzz/fuzz_target.h"
 #include "fuzz/tested_board.h"
+#include "support/files.h"
 
 int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   using namespace quorvane;

@@ -2,11 +2,9 @@
 
 #include <cstdio>
 #include <cstdlib>
-#include <fstream>
 #include <iostream>
-#include <iterator>
 
-#include "tests/support/temporary_folder.h"
+#include "support/temporary_folder.h"
 
 namespace quorvane {
 
@@ -19,15 +17,6 @@ void require(bool holds, const char* law) {
 void enterScratchFolder() {
   static const TemporaryFolder folder;
   std::cout.setstate(std::ios::badbit);
-}
-
-void writeFile(const char* name, std::string_view bytes) {
-  std::ofstream(name, std::ios::binary) << bytes;
-}
-
-std::string readFile(const char* name) {
-  std::ifstream file(name, std::ios::binary);
-  return {std::istreambuf_iterator<char>(file), {}};
 }
 
 }  // namespace quorvane

@@ -3,8 +3,6 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <string>
-#include <string_view>
 
 // One input of a fuzz target. libFuzzer or replay_main.cpp calls it again and again in one process, so a
 // target first resets what the last input left.
@@ -17,8 +15,6 @@ void require(bool holds, const char* law);
 
 // On the first call: makes a temporary folder the current one, and silences standard output.
 void enterScratchFolder();
-void writeFile(const char* name, std::string_view bytes);
-std::string readFile(const char* name);
 
 }  // namespace quorvane
 

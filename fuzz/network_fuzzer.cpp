@@ -7,14 +7,14 @@
 #include "fuzz/fuzz_target.h"
 #include "network/network.h"
 #include "network/network_file.h"
+#include "support/files.h"
+#include "support/network_tables.h"
 
 namespace quorvane {
 namespace {
 
 void loadIntoEmptyTable() {
-  for (NetworkRow& row : networkTable) {
-    for (NodeList& list : row) list.clear();
-  }
+  clearNetworkTable();
   Network::loadNetwork();
 }
 

@@ -3,8 +3,11 @@
 #include <cmath>
 
 #include "fuzz/fuzz_target.h"
-#include "learning/fit_system.h"
+#include "learning/fit/fit_progress.h"
+#include "learning/fit/fit_system.h"
 #include "learning/learner.h"
+#include "support/files.h"
+#include "support/network_tables.h"
 
 namespace quorvane {
 namespace {
@@ -16,12 +19,12 @@ class QuickLearner : public Learner {
   void learn(PgnDatabase& database) {
     collectSamples(database);
     for (PositionType type = firstLearnedType; type <= lastPositionType; ++type) {
-      currentSet = &sampleSets[type];
-      if (currentSet->empty() || currentSet->size() > mostSamples) continue;
-      network.classifyPosition(type, true);
-      searchPatterns(2);
+      if (sampleSets[type].empty() || sampleSets[type].size() > mostSamples) continue;
+      use(type);
+      searchPatterns(searchDepth);
       FitSystem system(*currentSet, network.row());
-      fitWeights(system);
+      FitProgress progress;
+      fitWeights(system, progress);
       for (const PatternNode* node : system.nodes())
         require(std::isfinite(node->weight), "weights are finite");
     }
@@ -38,9 +41,7 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   using namespace quorvane;
   enterScratchFolder();
   static QuickLearner learner;
-  for (NetworkRow& row : networkTable) {
-    for (NodeList& list : row) list.clear();
-  }
+  clearNetworkTable();
   writeFile("games.pgn", {reinterpret_cast<const char*>(data), size});
   PgnDatabase database;
   database.load("games.pgn");

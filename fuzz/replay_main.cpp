@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "fuzz/fuzz_target.h"
+#include "support/files.h"
 
 int main(int, char** argv) {
   // All names first: the target changes the current folder.
@@ -14,7 +15,7 @@ int main(int, char** argv) {
   }
   for (const std::string& name : names) {
     std::fprintf(stderr, "%s\n", name.c_str());  // a crash leaves it as the last line
-    const std::string bytes = quorvane::readFile(name.c_str());
+    const std::string bytes = quorvane::readFile(name);
     LLVMFuzzerTestOneInput(reinterpret_cast<const std::uint8_t*>(bytes.data()), bytes.size());
   }
   return names.empty() ? 1 : 0;

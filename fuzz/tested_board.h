@@ -32,11 +32,9 @@ class TestedBoard : public Learner {
   std::int32_t depth() const { return history->depth; }
 
  private:
-  using Image = std::vector<std::uint64_t>;
-  Image image() const;  // all that taking back has to restore
-  void checkPieces() const;
+  static void holds(const char* brokenLaw);
 
-  std::vector<Image> images;  // before each made move
+  std::vector<std::vector<std::uint64_t>> states;  // before each made move
 };
 
 }  // namespace quorvane

@@ -5,7 +5,7 @@
 #include "board/hash_state.h"
 #include "board/piece.h"
 #include "board/piece_classes.h"
-#include "learning/learner.h"
+#include "board/ring.h"
 #include "pgn/pgn_game.h"
 
 namespace quorvane {
@@ -31,7 +31,7 @@ std::string_view winFor(Side side) {
 void setUp(const std::string& fen) {
   PgnGame start;
   start.parseFen("FEN \"" + fen + "\"");
-  Learner::setupPosition(start.placement, start.sideToMove);
+  Board::setupPosition(start.placement, start.sideToMove);
 }
 
 std::string tag(const std::string& name, const std::string& value) {
@@ -51,11 +51,11 @@ void wrap(std::string& text) {
 struct Balance : public Board {
   Balance() {
     for (Piece* king : kings) {
-      forEachInRing(king, [&](const Piece& piece) {
+      for (const Piece& piece : Ring(king)) {
         ++pieces;
         total += piece.material;
         whiteLead += piece.side == white ? piece.material : -piece.material;
-      });
+      }
     }
   }
 
@@ -125,7 +125,7 @@ std::string GameGenerator::play(std::string_view startTags) {
 std::string_view GameGenerator::verdict() const {
   const Side side = currentMove.sideToMove;
   const bool stuck = moves.best() == nullptr;  // or what is legal cannot be written
-  if (stuck && !TriedMoves::hasLegalMove()) return kings[side]->isAttacked() ? winFor(1 - side) : drawn;
+  if (stuck && !TriedMoves::hasLegalMove()) return kings[side]->isAttacked() ? winFor(opponent(side)) : drawn;
   const Balance balance;
   if (balance.isBare() || reversiblePlies >= fiftyMoves || isThirdTime()) return drawn;
 

@@ -6,6 +6,8 @@
 
 #include "board/piece.h"
 #include "board/piece_classes.h"
+#include "board/ring.h"
+#include "board/square_name.h"
 
 namespace quorvane {
 
@@ -21,13 +23,9 @@ bool isCastling(const MoveRecord& move) {
   return move.kind == castleKingSide || move.kind == castleQueenSide;
 }
 
-std::string nameOf(Square square) {
-  return {static_cast<char>('a' + fileOf(square)), static_cast<char>('1' + rankOf(square))};
-}
-
 // How well the piece stands, danger apart.
 std::int32_t standing(const Piece& piece, bool ending) {
-  const std::int32_t rank = piece.side == white ? rankOf(piece.square) : 7 - rankOf(piece.square);
+  const std::int32_t rank = relativeRank(piece.side, rankOf(piece.square));
   const std::int32_t file = std::min(fileOf(piece.square), 7 - fileOf(piece.square));
   const std::int32_t central = std::min(rank, 7 - rank) + file;
   switch (piece.kind) {
@@ -48,7 +46,7 @@ class Generation : public Board {
  public:
   Generation() {
     activeMoveList = &list;
-    forEachInRing(kings[currentMove.sideToMove], [](Piece& piece) { piece.generateMoves(); });
+    for (Piece& piece : Ring(kings[currentMove.sideToMove])) piece.generateMoves();
     activeMoveList = nullptr;
   }
 
@@ -63,7 +61,7 @@ class Generation : public Board {
 void TriedMoves::tryAll(SeededRandom& random, std::int32_t noise) {
   std::int32_t material = 0;
   for (Piece* king : kings) {
-    forEachInRing(king, [&](const Piece& piece) { material += piece.material; });
+    for (const Piece& piece : Ring(king)) material += piece.material;
   }
   moves.clear();
   const Generation generation;
@@ -76,12 +74,12 @@ void TriedMoves::tryAll(SeededRandom& random, std::int32_t noise) {
 // The material of the cheapest piece that could take this one, `untaken` if there is none.
 std::int32_t TriedMoves::cheapestTaker(const Piece& piece) {
   std::int32_t cheapest = untaken;
-  forEachInRing(kings[1 - piece.side], [&](Piece& taker) {
+  for (Piece& taker : Ring(kings[opponent(piece.side)])) {
     currentMove.to = piece.square;
     taker.testMove();
-    if (!currentMove.found) return;
+    if (!currentMove.found) continue;
     cheapest = std::min(cheapest, taker.kind == kingKind ? kingAsTaker : taker.material);
-  });
+  }
   return cheapest;
 }
 
@@ -89,9 +87,9 @@ std::int32_t TriedMoves::cheapestTaker(const Piece& piece) {
 std::int32_t TriedMoves::riskOf(Piece& piece) {
   const std::int32_t taker = cheapestTaker(piece);
   if (taker == untaken) return 0;
-  piece.side = 1 - piece.side;  // those who could take it now are its guards
+  piece.side = opponent(piece.side);  // those who could take it now are its guards
   const bool guarded = cheapestTaker(piece) != untaken;
-  piece.side = 1 - piece.side;
+  piece.side = opponent(piece.side);
   return guarded ? std::max(0, piece.material - taker) : piece.material;
 }
 
@@ -102,7 +100,7 @@ void TriedMoves::tryOut(TriedMove& tried, bool ending) {
   makeMove();
   Piece& moved = *board[tried.move.to];  // a queen after a promotion
   const Side enemy = currentMove.sideToMove;
-  tried.legal = !kings[1 - enemy]->isAttacked();
+  tried.legal = !kings[opponent(enemy)]->isAttacked();
   if (tried.legal) {
     tried.score += moved.material + standing(moved, ending) - riskOf(moved) - before;
     tried.score += history->record(history->depth).capturedPiece->material;
@@ -120,7 +118,7 @@ bool TriedMoves::hasLegalMove() {
   return std::ranges::any_of(generation.moves(), [](const MoveRecord& move) {
     currentMove = move;
     makeMove();
-    const bool legal = !kings[1 - currentMove.sideToMove]->isAttacked();
+    const bool legal = !kings[opponent(currentMove.sideToMove)]->isAttacked();
     unmakeMove();
     return legal;
   });
@@ -158,8 +156,8 @@ std::string TriedMoves::origin(const TriedMove& chosen) const {
     });
   };
   if (!twinShares([](Square) { return 0; })) return "";
-  if (!twinShares(fileOf)) return nameOf(from).substr(0, 1);
-  return twinShares(rankOf) ? nameOf(from) : nameOf(from).substr(1);
+  if (!twinShares(fileOf)) return squareName(from).substr(0, 1);
+  return twinShares(rankOf) ? squareName(from) : squareName(from).substr(1);
 }
 
 std::string TriedMoves::san(const TriedMove& chosen) const {
@@ -173,10 +171,10 @@ std::string TriedMoves::san(const TriedMove& chosen) const {
     constexpr std::string_view letters = " NBRQK";
     text = letters[static_cast<std::size_t>(kind)] + origin(chosen);
   } else if (captures) {
-    text = nameOf(move.from)[0];
+    text = squareName(move.from)[0];
   }
   if (captures) text += 'x';
-  text += nameOf(move.to);
+  text += squareName(move.to);
   if (move.kind == promoteToQueen) text += "=Q";
   if (chosen.check) text += chosen.mate ? '#' : '+';
   return text;

@@ -8,6 +8,7 @@ namespace quorvane {
 Piece* Board::board[squareCount + 1];
 Piece* Board::pieceById[pieceIdCount];
 Piece* Board::kings[2];
+Table<Table<SquareSet, pieceKindCount>, 2> Board::squaresOf;
 MoveRecord Board::currentMove;
 MoveRecord* Board::moveBuffer = nullptr;
 MoveList* Board::activeMoveList = nullptr;
@@ -22,6 +23,7 @@ SquareSet Board::movingKingReach;
 SquareSet Board::opposingKingReach;
 SquareSet* Board::ownKingReach = nullptr;
 SquareSet* Board::enemyKingReach = nullptr;
+bool Board::opposingKingIsSafe = false;
 bool Board::singletonsExist = false;
 
 Board::Board() {
@@ -47,6 +49,7 @@ void Board::clearPosition() {
 void Board::releaseBoard() {
   singletonsExist = false;
   clearPosition();
+  Piece::releaseStorage();
   delete hashState;
   delete history;
   delete[] moveBuffer;

@@ -3,6 +3,7 @@
 
 #include <cstdint>
 
+#include "board/decoded_move.h"
 #include "board/reach_tables.h"
 #include "board/records.h"
 #include "board/table.h"
@@ -11,12 +12,13 @@
 namespace quorvane {
 
 class HashState;
+class Placement;
 
 // The one chess position of the process.
 //
 // Everything here is static: a class that works on the position derives from Board and reaches the members
 // directly, and no function passes a position around. The first Board constructed builds the singletons
-// (`hashState`, `history`, `moveBuffer`); Learner::setupPosition puts a position on the board and may be
+// (`hashState`, `history`, `moveBuffer`); setupPosition puts a position on the board and may be
 // called any number of times; releaseBoard ends it all. Between set-ups only makeMove and unmakeMove change
 // the position; generators and tests use `currentMove` and `activeMoveList` as scratch. `pieceById` owns the
 // pieces, captured ones included; every other piece pointer only refers. One thread, no locks.
@@ -24,6 +26,11 @@ class Board {
  public:
   // Builds the singletons on the first run, does nothing on later ones.
   Board();
+
+  // Puts a start position on the board: pieces as `placement` has them, with ids in its order, none of them
+  // moved, `side` to move. At most piecesPerSide a side, one king each, no two on one square, no pawn on its last
+  // rank.
+  static void setupPosition(const Placement& placement, Side side);
 
   // Takes back every made move and releases all pieces; `pieceById` then holds null only.
   static void clearPosition();
@@ -38,15 +45,13 @@ class Board {
   // Takes back the last made move exactly; the depth must be above 0.
   static void unmakeMove();
 
-  // Makes the first generated move of the side's pieces of `kind` that fits the given ranks and files (8 fits
-  // any). A `promotion` of 1 to 4 makes it a promotion to that kind, any other value leaves it as generated.
-  // False, with the position unchanged, if the game is too deep (status 2), the side not to move stands in
-  // check (status 7), no move fits, a king would be promoted, or the mover's king would stand attacked.
-  static bool playGameMove(std::int32_t fromRank, std::int32_t fromFile, std::int32_t toRank,
-                           std::int32_t toFile, std::int32_t kind, std::int32_t promotion);
+  // Makes the first generated move of the side's pieces of the move's kind that fits its ranks and files. A
+  // promotion of 1 to 4 makes it a promotion to that kind, any other value leaves it as generated. False, with
+  // the position unchanged, if the game is too deep (status 2), the side not to move stands in check (status
+  // 7), no move fits, a king would be promoted, or the mover's king would stand attacked.
+  static bool playGameMove(const DecodedMove& move);
 
  protected:
-  static constexpr std::int32_t piecesPerSide = 16;
   // Ids run down from here: white 15 to 0, black 31 to 16.
   static constexpr std::int32_t firstWhiteId = piecesPerSide - 1;
   static constexpr std::int32_t firstBlackId = 2 * piecesPerSide - 1;
@@ -55,10 +60,15 @@ class Board {
   // No piece has more moves than a queen in the middle of an empty board.
   static constexpr std::int32_t moveBufferSize = piecesPerSide * 27;
 
-  static Piece*
-      board[squareCount + 1];  // never null after a set-up; [noSquare] is the empty square's piece too
+  static Piece* board[squareCount + 1];  // never null after a set-up; [noSquare] is not on the board
+  // The one piece that fills every free square.
+  static constexpr Piece*& EmptySquare = board[noSquare];
   static Piece* pieceById[pieceIdCount];
-  static Piece* kings[2];           // by Side; the anchors of the rings
+  static Piece* kings[2];  // by Side; the anchors of the rings
+  // Where the pieces in the rings stand, by Side and PieceKind: `board` once more, for a search by kind.
+  static Table<Table<SquareSet, pieceKindCount>, 2> squaresOf;
+  // Enters a piece in squaresOf on those of the squares where it was not, and takes it off the others.
+  static void toggleSquares(const Piece* piece, SquareSet squares);
   static MoveRecord currentMove;    // the working record; home of `sideToMove`
   static MoveRecord* moveBuffer;    // moveBufferSize records, which no position that fits the model exceeds
   static MoveList* activeMoveList;  // where the generators write; a local of the operation that generates
@@ -68,7 +78,7 @@ class Board {
   static PositionType positionType;  // written by the classifier
   static bool pawnEnding;            // kings and pawns only; written by the classifier
 
-  // Working storage of Network::computeConfigurations, valid only while it runs.
+  // Working storage of ConfigurationPass::computeConfigurations, valid only while it runs.
   using PawnFiles = Table<std::int32_t, 10>;  // pawns per file at file + 1, between two borders of 0
   static PawnFiles whitePawnFiles;
   static PawnFiles blackPawnFiles;
@@ -79,11 +89,13 @@ class Board {
 
  private:
   static void undoPromotion();
-  // Puts the first fitting move into currentMove; the arguments are those of playGameMove. False if there is
-  // none.
-  static bool findMove(std::int32_t fromRank, std::int32_t fromFile, std::int32_t toRank, std::int32_t toFile,
-                       std::int32_t kind);
+  // Puts the first fitting move into currentMove; false if there is none.
+  static bool findMove(const DecodedMove& wanted);
+  // The same among the moves to one square.
+  static bool findMoveTo(Square to, const DecodedMove& wanted);
 
+  // True only while it is known that the king of the side not to move stands unattacked.
+  static bool opposingKingIsSafe;
   static bool singletonsExist;
 };
 

@@ -40,27 +40,6 @@ HashState::HashState() {
   }
 }
 
-void HashState::pushKeys() {
-  lockTop[1] = lockTop[0];
-  indexTop[1] = indexTop[0];
-  slotTop[1] = slotTop[0];
-  ++lockTop;
-  ++indexTop;
-  ++slotTop;
-}
-
-void HashState::toggleKey(Square square, std::int32_t keyIndex) {
-  *lockTop ^= lockKeys[square][keyIndex];
-  *indexTop ^= indexKeys[square][keyIndex];
-  *slotTop = *indexTop & static_cast<std::uint32_t>(tableMask);
-}
-
-void HashState::popKeys() {
-  --lockTop;
-  --indexTop;
-  --slotTop;
-}
-
 void HashState::recordPosition() {
   const std::int32_t bucket = bucketOf(*indexTop);
   for (std::int32_t way = 0; way < ways; ++way) {

@@ -19,11 +19,26 @@ class HashState : public Board {
   HashState();
 
   // Opens the entry of the next depth, as a copy of the present one.
-  void pushKeys();
+  void pushKeys() {
+    lockTop[1] = lockTop[0];
+    indexTop[1] = indexTop[0];
+    slotTop[1] = slotTop[0];
+    ++lockTop;
+    ++indexTop;
+    ++slotTop;
+  }
   // Enters or removes a piece.
-  void toggleKey(Square square, std::int32_t keyIndex);
+  void toggleKey(Square square, std::int32_t keyIndex) {
+    *lockTop ^= lockKeys[square][keyIndex];
+    *indexTop ^= indexKeys[square][keyIndex];
+    *slotTop = *indexTop & static_cast<std::uint32_t>(tableMask);
+  }
   // Goes back to the entry of the previous depth; nothing is recomputed.
-  void popKeys();
+  void popKeys() {
+    --lockTop;
+    --indexTop;
+    --slotTop;
+  }
 
   // Counts the present position. A fifth position in a bucket is not counted.
   void recordPosition();

@@ -50,14 +50,15 @@ void King::testCastling(Square direction) {
   const Piece* rook = board[rookSquare];
   if (rook->moveCount != 0) return;
   for (Square between = square + direction; between != rookSquare; between += direction) {
-    if (board[between] != board[noSquare]) return;
+    if (board[between] != EmptySquare) return;
   }
   if (rook->kind != rookKind || isAttacked()) return;
 
   const Square home = square;
   const auto stepTo = [this](Square to) {
-    board[square] = board[noSquare];
+    board[square] = EmptySquare;
     board[to] = this;
+    toggleSquares(this, setOf(square) | setOf(to));
     square = to;
   };
   stepTo(home + direction);

@@ -38,13 +38,13 @@ Piece* promote(MoveKind kind, Piece* pawn) {
 void Board::makeMove() {
   const Square from = currentMove.from;
   const Square to = currentMove.to;
-  Piece* const empty = board[noSquare];
   Piece* const target = board[to];
   Piece* const mover = board[from];
 
   hashState->pushKeys();
   if (target->kind != emptyKind) {
     hashState->toggleKey(to, target->keyIndex);
+    toggleSquares(target, setOf(to));
     takeOutOfRing(target);
   }
   UndoRecord& undo = history->record(++history->depth);
@@ -59,7 +59,8 @@ void Board::makeMove() {
   enPassantSquare = noSquare;
   mover->square = to;
   board[to] = mover;
-  board[from] = empty;
+  board[from] = EmptySquare;
+  toggleSquares(mover, setOf(from) | setOf(to));
   hashState->toggleKey(from, mover->keyIndex);
   hashState->toggleKey(to, mover->keyIndex);
 
@@ -78,8 +79,9 @@ void Board::makeMove() {
       Piece* const rook = board[undo.auxFrom];
       undo.auxPiece = rook;
       board[undo.auxTo] = rook;
-      board[undo.auxFrom] = empty;
+      board[undo.auxFrom] = EmptySquare;
       rook->square = undo.auxTo;
+      toggleSquares(rook, setOf(undo.auxFrom) | setOf(undo.auxTo));
       ++rook->moveCount;
       hashState->toggleKey(undo.auxFrom, rook->keyIndex);
       hashState->toggleKey(undo.auxTo, rook->keyIndex);
@@ -91,8 +93,9 @@ void Board::makeMove() {
       Piece* const victim = board[undo.auxFrom];
       hashState->toggleKey(undo.auxFrom, victim->keyIndex);
       undo.auxPiece = victim;
+      toggleSquares(victim, setOf(undo.auxFrom));
       takeOutOfRing(victim);
-      board[undo.auxFrom] = empty;
+      board[undo.auxFrom] = EmptySquare;
       break;
     }
     case promoteToQueen:
@@ -111,7 +114,8 @@ void Board::makeMove() {
       break;
   }
 
-  currentMove.sideToMove = currentMove.sideToMove == black ? white : black;
+  currentMove.sideToMove = static_cast<std::uint8_t>(opponent(currentMove.sideToMove));
+  opposingKingIsSafe = false;
   hashState->recordPosition();
 }
 
@@ -123,7 +127,11 @@ void Board::unmakeMove() {
   Piece* const captured = undo.capturedPiece;
   board[undo.fromSquare] = mover;
   board[undo.toSquare] = captured;
-  if (captured->kind != emptyKind) putBackIntoRing(captured);
+  toggleSquares(mover, setOf(undo.fromSquare) | setOf(undo.toSquare));
+  if (captured->kind != emptyKind) {
+    toggleSquares(captured, setOf(undo.toSquare));
+    putBackIntoRing(captured);
+  }
   mover->square = undo.fromSquare;
   captured->square = undo.toSquare;
   --mover->moveCount;
@@ -134,16 +142,18 @@ void Board::unmakeMove() {
     case castleQueenSide:
     case castleKingSide: {
       Piece* const rook = undo.auxPiece;
-      static_cast<King*>(kings[1 - currentMove.sideToMove])->castled = false;
+      static_cast<King*>(kings[opponent(currentMove.sideToMove)])->castled = false;
       board[undo.auxFrom] = rook;
-      board[undo.auxTo] = board[noSquare];
+      board[undo.auxTo] = EmptySquare;
       rook->square = undo.auxFrom;
+      toggleSquares(rook, setOf(undo.auxFrom) | setOf(undo.auxTo));
       --rook->moveCount;
       break;
     }
     case enPassantCapture:
       board[undo.auxFrom] = undo.auxPiece;
       undo.auxPiece->square = undo.auxFrom;
+      toggleSquares(undo.auxPiece, setOf(undo.auxFrom));
       putBackIntoRing(undo.auxPiece);
       break;
     case promoteToQueen:
@@ -155,7 +165,8 @@ void Board::unmakeMove() {
     default:
       break;
   }
-  currentMove.sideToMove = currentMove.sideToMove == black ? white : black;
+  currentMove.sideToMove = static_cast<std::uint8_t>(opponent(currentMove.sideToMove));
+  opposingKingIsSafe = false;
   --history->depth;
 }
 
@@ -166,6 +177,8 @@ void Board::undoPromotion() {
   pieceById[promoted->id] = pawn;
   board[promoted->square] = pawn;
   pawn->square = promoted->square;
+  toggleSquares(promoted, setOf(pawn->square));
+  toggleSquares(pawn, setOf(pawn->square));
   --pawn->moveCount;
   pawn->next = promoted->next;
   pawn->prev = promoted->prev;

@@ -10,7 +10,7 @@ void Piece::testPawnMove(const PawnRules& rules) {
   const Square difference = to - square;
   const Piece* target = board[to];
   const bool targetIsEmpty = target->kind == emptyKind;
-  const MoveKind kindByRank = rankOf(to) == rules.lastRank ? promoteToQueen : ordinaryMove;
+  const MoveKind kindByRank = rankOf(to) == rules.promotionRank ? promoteToQueen : ordinaryMove;
 
   if (difference == rules.ahead) {
     if (!targetIsEmpty) return;

@@ -6,6 +6,40 @@
 
 namespace quorvane {
 
+namespace {
+
+// Storage that was given back, one behind the other: each game needs as many pieces again.
+struct FreeStorage {
+  FreeStorage* next;
+};
+FreeStorage* freeStorage = nullptr;
+
+}  // namespace
+
+void* Piece::operator new(std::size_t) {
+  static_assert(sizeof(King) >= sizeof(Queen) && alignof(King) <= alignof(std::max_align_t));
+  if (freeStorage == nullptr) return ::operator new(sizeof(King));  // the largest class
+  FreeStorage* const storage = freeStorage;
+  freeStorage = storage->next;
+  return storage;
+}
+
+void Piece::operator delete(void* piece) {
+  freeStorage = ::new (piece) FreeStorage{freeStorage};
+}
+
+void Piece::release(Piece* piece) {
+  operator delete(piece);  // no piece has a destructor to run
+}
+
+void Piece::releaseStorage() {
+  while (freeStorage != nullptr) {
+    FreeStorage* const storage = freeStorage;
+    freeStorage = storage->next;
+    ::operator delete(storage);
+  }
+}
+
 Piece::Piece(const PieceClass& pieceClass, Side newSide, Square newSquare, std::int32_t newId,
              Piece* copyFrom)
     : keyIndex(pieceClass.keyIndex),
@@ -26,7 +60,9 @@ Piece::Piece(const PieceClass& pieceClass, Side newSide, Square newSquare, std::
     prev = copyFrom->prev;
     prev->next = this;
     next->prev = this;
+    toggleSquares(copyFrom, setOf(square));
   }
+  if (kind != emptyKind) toggleSquares(this, setOf(square));
   if (side == white) keyIndex += whiteKeyOffset;
   pieceById[id] = this;
   board[square] = this;
@@ -68,10 +104,5 @@ Queen::Queen(Side newSide, Square newSquare, std::int32_t newId, Piece* copyFrom
 
 King::King(Side newSide, Square newSquare, std::int32_t newId, Piece* copyFrom)
     : Piece(kingClass, newSide, newSquare, newId, copyFrom) {}
-
-void Piece::release(Piece* piece) {
-  // Plain storage: no piece has a destructor to run, and the storage does not need to know its class.
-  ::operator delete(static_cast<void*>(piece));
-}
 
 }  // namespace quorvane

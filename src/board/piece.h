@@ -20,6 +20,8 @@ struct PieceClass;
 // what taking the move back needs. Pieces have no destructor work: Piece::release gives back their storage.
 //
 // The virtual operations have no arguments: they talk through Board::currentMove and Board::activeMoveList.
+// testMove, generateMoves and generateCaptures are defined in board/piece_moves.cpp, pawn_moves.cpp and
+// king_moves.cpp, addConfiguration in configurations/ (piece_, pawn_ and king_configurations.cpp).
 class Piece : public Board {
  public:
   // The empty square's piece: side noSide, square noSquare, id 32.
@@ -32,7 +34,7 @@ class Piece : public Board {
   // Appends the captures of opposing pieces (and a pawn's step to its last rank); en passant is left out.
   virtual void generateCaptures();
   // Writes the features of this piece into `configuration` and its marks into the words of the pieces it
-  // reaches. Only ORs; called by Network::computeConfigurations only.
+  // reaches. Only ORs; called by ConfigurationPass::computeConfigurations only.
   virtual void addConfiguration();
 
   // True if a piece of the other side could take this piece where it stands. Leaves currentMove as it was.
@@ -40,6 +42,11 @@ class Piece : public Board {
 
   // Frees a piece made by `new`. Its links and the entries that refer to it are the caller's.
   static void release(Piece* piece);
+
+  // Pieces of all classes share a pool of storage; releaseStorage empties it.
+  static void* operator new(std::size_t size);
+  static void operator delete(void* piece);
+  static void releaseStorage();
 
   std::int32_t keyIndex;  // column in the key tables: 0 to 5 black, 6 to 11 white, 12 the empty square
   const std::int32_t* directions;  // mailbox steps in the order of generation, ended by noSquare
@@ -83,8 +90,11 @@ class Piece : public Board {
   void markReached(Piece& reached) const;
   void addReachAlongRays(std::int32_t firstRay, std::int32_t endRay);
   void addPlace(SquareSet freeSquares);
-  void addMinorPlace();
 };
+
+inline void Board::toggleSquares(const Piece* piece, SquareSet squares) {
+  squaresOf[piece->side][piece->kind] ^= squares;
+}
 
 class WhitePawn : public Piece {
  public:
@@ -148,16 +158,6 @@ class King : public Piece {
 
   bool castled = false;  // its side has castled on the line of play
 };
-
-// Calls `visit` for every piece of the ring that `anchor`, a king, belongs to, the king first.
-template <typename Visit>
-void forEachInRing(Piece* anchor, Visit visit) {
-  Piece* piece = anchor;
-  do {
-    visit(*piece);
-    piece = piece->next;
-  } while (piece->kind != kingKind);
-}
 
 }  // namespace quorvane
 

@@ -52,7 +52,7 @@ struct PawnRules {
   std::int32_t secondCaptureEdge;
   std::int32_t startRank;
   std::int32_t rankBeforePromotion;
-  std::int32_t lastRank;
+  std::int32_t promotionRank;
 };
 
 inline constexpr PawnRules whitePawnRules{white, 8, 7, 0, 9, 7, 1, 6, 7};

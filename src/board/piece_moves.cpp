@@ -28,7 +28,7 @@ void Piece::testMove() {
 
 void Piece::testLine(Square step) {
   for (Square between = square + step; between != currentMove.to; between += step) {
-    if (board[between] != board[noSquare]) return;
+    if (board[between] != EmptySquare) return;
   }
   if (board[currentMove.to]->side == side) {
     currentMove.kind = ownPieceOnLine;
@@ -76,7 +76,7 @@ void Piece::generateCaptures() {
   currentMove.kind = ordinaryMove;
   for (const std::int32_t* direction = directions; *direction != noSquare; ++direction) {
     Square to = stepFrom(square, *direction);
-    while (to != noSquare && board[to] == board[noSquare]) to = stepFrom(to, *direction);
+    while (to != noSquare && board[to] == EmptySquare) to = stepFrom(to, *direction);
     if (to == noSquare || board[to]->side == side) continue;
     currentMove.to = to;
     emit();

@@ -1,6 +1,5 @@
 #include "board/piece.h"
-#include "learning/learner.h"
-#include "pgn/placement.h"
+#include "board/placement.h"
 
 namespace quorvane {
 
@@ -28,11 +27,11 @@ Piece* newPiece(PieceKind kind, Side side, Square square, std::int32_t id) {
 }
 
 // The lists of a side from the last to the first, so that the king opens the ring. Gives the king.
-Piece* newSide(const Placement& placement, std::int32_t firstList, Side side, std::int32_t firstId) {
+Piece* newSide(const Placement& placement, Side side, std::int32_t firstId) {
   Piece* king = nullptr;
   std::int32_t id = firstId;
   for (std::int32_t list = placementListsPerSide - 1; list >= 0; --list) {
-    for (const std::uint8_t square : placement[firstList + list]) {
+    for (const std::uint8_t square : placement[side * placementListsPerSide + list]) {
       Piece* const piece = newPiece(placementKinds[list], side, square, id--);
       if (piece->kind == kingKind) king = piece;
     }
@@ -42,14 +41,16 @@ Piece* newSide(const Placement& placement, std::int32_t firstList, Side side, st
 
 }  // namespace
 
-void Learner::setupPosition(const Placement& placement, Side side) {
+void Board::setupPosition(const Placement& placement, Side side) {
   clearPosition();
   currentMove.sideToMove = static_cast<std::uint8_t>(side);
   enPassantSquare = noSquare;
-  Piece* const empty = new Piece(noSide, noSquare, emptySquareId, nullptr);
-  for (Piece*& square : board) square = empty;
-  kings[white] = newSide(placement, placementListsPerSide, white, firstWhiteId);
-  kings[black] = newSide(placement, 0, black, firstBlackId);
+  opposingKingIsSafe = false;
+  EmptySquare = new Piece(noSide, noSquare, emptySquareId, nullptr);
+  for (Square square = 0; square < squareCount; ++square) board[square] = EmptySquare;
+  squaresOf = {};
+  kings[white] = newSide(placement, white, firstWhiteId);
+  kings[black] = newSide(placement, black, firstBlackId);
 }
 
 }  // namespace quorvane

@@ -5,16 +5,11 @@
 
 #include "board/mailbox.h"
 #include "board/piece_classes.h"
+#include "board/square_set.h"
 #include "board/table.h"
 #include "board/types.h"
 
 namespace quorvane {
-
-// A set of squares, one bit each: bit 0 is a1.
-using SquareSet = std::uint64_t;
-constexpr SquareSet setOf(Square square) {
-  return SquareSet{1} << square;
-}
 
 // Some squares in order; iterates like a container.
 template <std::int32_t capacity>
@@ -80,6 +75,23 @@ inline constexpr auto attackSet = [] {
       for (const std::uint8_t to : raysFrom[square][ray]) table[slider][square] |= setOf(to);
     }
     table[queenKind][square] = table[bishopKind][square] | table[rookKind][square];
+  }
+  return table;
+}();
+
+// The squares from which a piece of the kind can come to a square on any board at all, by kind and square: those
+// of attackSet, and what a pawn steps and a king castles over.
+inline constexpr auto originSet = [] {
+  Table<Table<SquareSet, squareCount>, pieceKindCount> table = attackSet;
+  for (Square square = 0; square < squareCount; ++square) {
+    for (const std::int32_t ranks : {-2, -1, 1, 2}) {
+      const Square from = stepFrom(square, ranks * mailboxWidth);
+      if (from != noSquare) table[pawnKind][square] |= setOf(from);
+    }
+    for (const std::int32_t files : {-2, 2}) {
+      const Square from = stepFrom(square, files);
+      if (from != noSquare) table[kingKind][square] |= setOf(from);
+    }
   }
   return table;
 }();

@@ -26,6 +26,16 @@ inline constexpr Side black = 0;
 inline constexpr Side white = 1;
 // The side of the empty square: unequal to both.
 inline constexpr Side noSide = 2;
+// The other side of black or white.
+constexpr Side opponent(Side side) {
+  return 1 - side;
+}
+// A rank as the side counts it: 0 is its own first rank. Gives back the rank from its relative one too.
+constexpr std::int32_t relativeRank(Side side, std::int32_t rank) {
+  return side == white ? rank : 7 - rank;
+}
+// No side ever has more, and the board has room for no more.
+inline constexpr std::int32_t piecesPerSide = 16;
 
 enum PieceKind : std::int32_t {
   pawnKind = 0,
@@ -48,8 +58,8 @@ enum MoveKind : std::int32_t {
   promoteToKnight = 5,
   promoteToBishop = 6,
   promoteToRook = 7,
-  ownPieceOnLine =
-      11,  // only an answer of the line tests: the line is open, a piece of the same side at its end
+  // Only an answer of the line tests: the line is open, a piece of the same side at its end.
+  ownPieceOnLine = 11,
   doubleStep = 12
 };
 

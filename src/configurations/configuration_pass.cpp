@@ -1,8 +1,10 @@
+#include "configurations/configuration_pass.h"
+
 #include <cstdlib>
 
 #include "board/piece.h"
+#include "board/ring.h"
 #include "configurations/configuration_word.h"
-#include "network/network.h"
 
 namespace quorvane {
 
@@ -18,9 +20,9 @@ constexpr ConfigurationWord materialBit(std::int32_t balance) {
 
 }  // namespace
 
-void Network::computeConfigurations() {
+void ConfigurationPass::computeConfigurations() {
   Piece* const movingKing = kings[currentMove.sideToMove];
-  Piece* const opposingKing = kings[1 - currentMove.sideToMove];
+  Piece* const opposingKing = kings[opponent(currentMove.sideToMove)];
 
   // Every word is reset before the first call of addConfiguration: pieces leave marks on each other in any
   // order.
@@ -31,16 +33,16 @@ void Network::computeConfigurations() {
       ++(piece.side == white ? whitePawnFiles : blackPawnFiles)[fileOf(piece.square) + 1];
   };
   std::int32_t balance = 0;
-  forEachInRing(movingKing, [&](Piece& piece) {
+  for (Piece& piece : Ring(movingKing)) {
     balance += piece.material;
     piece.configuration = 0;
     countPawn(piece);
-  });
-  forEachInRing(opposingKing, [&](Piece& piece) {
+  }
+  for (Piece& piece : Ring(opposingKing)) {
     balance -= piece.material;
     piece.configuration = notOnMove;
     countPawn(piece);
-  });
+  }
 
   // A king fills the map of its neighbour squares before any piece reads it.
   movingKingReach = 0;
@@ -54,12 +56,12 @@ void Network::computeConfigurations() {
   describe(*opposingKing, materialBit(-balance));
 
   ownKingReach = &movingKingReach;
-  forEachInRing(movingKing, [&](Piece& piece) { describe(piece, materialBit(balance)); });
+  for (Piece& piece : Ring(movingKing)) describe(piece, materialBit(balance));
 
   ownKingReach = &opposingKingReach;
   enemyKingReach = &movingKingReach;
-  for (Piece* piece = opposingKing->next; piece != opposingKing; piece = piece->next) {
-    describe(*piece, materialBit(-balance));
+  for (Piece& piece : Ring(opposingKing)) {
+    if (&piece != opposingKing) describe(piece, materialBit(-balance));
   }
 
   const std::int32_t ranks = std::abs(rankOf(movingKing->square) - rankOf(opposingKing->square));

@@ -1,7 +1,7 @@
 #include "board/piece.h"
 #include "board/reach_tables.h"
 #include "configurations/configuration_word.h"
-#include "configurations/square_masks.h"
+#include "configurations/place_bits.h"
 
 namespace quorvane {
 
@@ -22,7 +22,7 @@ void King::addConfiguration() {
   }
   if (pawnCount >= 2) configuration |= king_bits::twoOwnPawnsBeside;
   if (freeCount <= 1) configuration |= king_bits::hardlyAnyFreeNeighbour;
-  configuration |= ringMask[square] | zoneMask[square];
+  configuration |= placeBits(kingKind, side, square);
   if (castled) configuration |= king_bits::castled;
 }
 

@@ -4,7 +4,7 @@
 #include "board/piece.h"
 #include "board/piece_classes.h"
 #include "configurations/configuration_word.h"
-#include "configurations/square_masks.h"
+#include "configurations/place_bits.h"
 
 namespace quorvane {
 
@@ -23,7 +23,6 @@ std::int32_t stepsTo(const Piece& king, std::int32_t rank, std::int32_t file) {
 void Piece::addPawnConfiguration(const PawnRules& rules) {
   using namespace pawn_bits;
   const std::int32_t file = fileOf(square);
-  const std::int32_t rank = rankOf(square);
 
   const auto cover = [this](Square covered) {
     Piece& piece = *board[covered];
@@ -43,25 +42,21 @@ void Piece::addPawnConfiguration(const PawnRules& rules) {
   if (ownFiles[file] != 0) configuration |= ownPawnTowardsA;
   if (ownFiles[file + 2] != 0) configuration |= ownPawnTowardsH;
 
-  const auto fromOwnSide = [&](std::int32_t anyRank) { return side == white ? anyRank : 7 - anyRank; };
-  const std::int32_t relativeRank = fromOwnSide(rank);
-  // A pawn on its own first rank, which only a start position can hold, has no place bits.
-  if (relativeRank >= 1 && relativeRank <= 6) {
-    configuration |= onRelativeRank(relativeRank) | onFileFromEdge(edgeDistance(file));
-  }
+  configuration |= placeBits(pawnKind, side, square);
   if (!pawnEnding) return;
 
+  const std::int32_t ownRank = relativeRank(side, rankOf(square));
   const Piece& ownKing = *kings[side];
-  const Piece& enemyKing = *kings[1 - side];
-  const std::int32_t moves = pawnMoves[relativeRank];
-  std::int32_t enemyKingDistance = stepsTo(enemyKing, rules.lastRank, file);
+  const Piece& enemyKing = *kings[opponent(side)];
+  const std::int32_t moves = pawnMoves[ownRank];
+  std::int32_t enemyKingDistance = stepsTo(enemyKing, rules.promotionRank, file);
   if ((configuration & notOnMove) != 0) --enemyKingDistance;  // the enemy moves first
-  const std::int32_t ownKingDistance = stepsTo(ownKing, rules.lastRank, file);
+  const std::int32_t ownKingDistance = stepsTo(ownKing, rules.promotionRank, file);
   if (enemyKingDistance > moves) configuration |= outrunsEnemyKing;
   if (enemyKingDistance < moves && enemyKingDistance < ownKingDistance)
     configuration |= enemyKingFirstAtPromotion;
-  if (fromOwnSide(rankOf(enemyKing.square)) > relativeRank) configuration |= enemyKingAhead;
-  if (fromOwnSide(rankOf(ownKing.square)) < relativeRank) configuration |= ownKingBehind;
+  if (relativeRank(side, rankOf(enemyKing.square)) > ownRank) configuration |= enemyKingAhead;
+  if (relativeRank(side, rankOf(ownKing.square)) < ownRank) configuration |= ownKingBehind;
 }
 
 void WhitePawn::addConfiguration() {

@@ -6,7 +6,7 @@
 #include "board/piece.h"
 #include "board/reach_tables.h"
 #include "configurations/configuration_word.h"
-#include "configurations/square_masks.h"
+#include "configurations/place_bits.h"
 
 namespace quorvane {
 
@@ -29,11 +29,10 @@ void Piece::markReached(Piece& reached) const {
 }
 
 void Piece::addReachAlongRays(std::int32_t firstRay, std::int32_t endRay) {
-  const Piece* const empty = board[noSquare];
   SquareSet freeSquares = 0;
   for (std::int32_t ray = firstRay; ray < endRay; ++ray) {
     for (const std::uint8_t reached : raysFrom[square][ray]) {
-      if (board[reached] != empty) {
+      if (board[reached] != EmptySquare) {
         markReached(*board[reached]);
         break;
       }
@@ -44,7 +43,7 @@ void Piece::addReachAlongRays(std::int32_t firstRay, std::int32_t endRay) {
 }
 
 void Piece::addPlace(SquareSet freeSquares) {
-  configuration |= zoneMask[square] | centreMask[square];
+  configuration |= placeBits(kind, side, square);
   if ((freeSquares & *ownKingReach) != 0) configuration |= reachesBesideOwnKing;
   const SquareSet besideEnemyKing = freeSquares & *enemyKingReach;
   if (besideEnemyKing == 0) return;
@@ -52,41 +51,32 @@ void Piece::addPlace(SquareSet freeSquares) {
   configuration |= moreThanOne ? reachesMoreBesideEnemyKing : reachesOneBesideEnemyKing;
 }
 
-void Piece::addMinorPlace() {
-  const bool inOpponentsHalf = side == white ? rankOf(square) >= 4 : rankOf(square) <= 3;
-  if (inOpponentsHalf) configuration |= minor_bits::inOpponentsHalf;
-  if (edgeDistance(fileOf(square)) == 0) configuration |= minor_bits::onEdgeFile;
-}
-
 void Knight::addConfiguration() {
-  const Piece* const empty = board[noSquare];
   SquareSet freeSquares = 0;
   for (const std::uint8_t reached : knightSteps[square]) {
-    if (board[reached] == empty) {
+    if (board[reached] == EmptySquare) {
       freeSquares |= setOf(reached);
     } else {
       markReached(*board[reached]);
     }
   }
   addPlace(freeSquares);
-  addMinorPlace();
 }
 
 void Bishop::addConfiguration() {
   addReachAlongRays(0, firstStraightRay);
-  addMinorPlace();
 }
 
 void Rook::addConfiguration() {
   addReachAlongRays(firstStraightRay, rayCount);
-  const Piece& enemyKing = *kings[1 - side];
+  const Piece& enemyKing = *kings[opponent(side)];
   if (fileDistance(*this, enemyKing) <= 2) configuration |= rook_bits::enemyKingNearByFile;
   if (rankDistance(*this, enemyKing) <= 2) configuration |= rook_bits::enemyKingNearByRank;
 }
 
 void Queen::addConfiguration() {
   addReachAlongRays(0, rayCount);
-  const Piece& enemyKing = *kings[1 - side];
+  const Piece& enemyKing = *kings[opponent(side)];
   const std::int32_t kingDistance = std::max(fileDistance(*this, enemyKing), rankDistance(*this, enemyKing));
   if (kingDistance <= 2) {
     configuration |= queen_bits::enemyKingWithin2;

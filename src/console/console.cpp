@@ -51,6 +51,7 @@ int runConsole() {
 
   const std::int64_t start = milliseconds();
   learner.collectSamples(database);
+  database.clear();  // the samples are all that the later phases need
   learner.searchAllPatterns();
   learner.fitAllWeights();
   const std::int64_t elapsed = milliseconds() - start;

@@ -5,26 +5,32 @@
 #include <string>
 #include <vector>
 
+#include "board/kind_name.h"
 #include "board/types.h"
 
-namespace quorvane {
-
-// "pawn" to "king".
-const char* kindName(std::int32_t kind);
+namespace quorvane::inspect {
 
 // What a position type is, in a few words.
 const char* typeName(PositionType type);
 
-// What one bit means in the word of a piece of `kind`. In a pawn ending some bits of pawns mean something
-// else, hence the type. A bit that no such piece ever has gets "never set (bit 9)".
+// What one bit means in the word of a piece of `kind`, in plain words. In a pawn ending some bits of pawns mean
+// something else, hence the type. A bit that no such piece ever has gets "never set (bit 9)".
 std::string bitName(PositionType type, std::int32_t kind, ConfigurationWord bit);
+
+// The name for programs, "attackedByKnight": that of configuration_word.h with its number behind it, in one word.
+// "bit9" for one that no such piece ever has.
+std::string bitIdentifier(PositionType type, std::int32_t kind, ConfigurationWord bit);
 
 // The names of all bits of `mask`, from the highest bit down: place first, then marks, then material.
 std::vector<std::string> bitNames(PositionType type, std::int32_t kind, ConfigurationWord mask);
+std::vector<std::string> bitIdentifiers(PositionType type, std::int32_t kind, ConfigurationWord mask);
 
-// "enemy king within 2 files + attackedByPawn".
+// "enemy king within 2 files + attacked by a pawn".
 std::string patternName(PositionType type, std::int32_t kind, ConfigurationWord mask);
 
-}  // namespace quorvane
+// The bits that every piece of `kind` has, whatever the position.
+ConfigurationWord alwaysHolds(std::int32_t kind);
+
+}  // namespace quorvane::inspect
 
 #endif  // QUORVANE_INSPECT_BIT_NAMES_H_

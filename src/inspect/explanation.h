@@ -5,11 +5,12 @@
 
 #include "board/types.h"
 
-namespace quorvane {
+namespace quorvane::inspect {
 
+// Patterns that differ by nothing but features that every such piece has are one, without these features.
 struct FiringPattern {
   ConfigurationWord mask;
-  float weight;
+  double weight;
 };
 
 // What one piece is worth to its own side, and why.
@@ -36,6 +37,18 @@ struct Explanation {
 // Explains the position on the board by the network table. Sets what a classification sets.
 Explanation explainPosition();
 
-}  // namespace quorvane
+// What one pattern does to the whole position.
+struct DecidingPattern {
+  PieceKind kind;
+  ConfigurationWord mask;
+  double weight;                 // all of its pieces together, as the side to move sees it
+  std::vector<Square> own;       // pieces of the side to move on which it fires
+  std::vector<Square> opposing;  // the same of the other side
+};
+
+// At most `count`: those that do most, the greatest absolute weight first. What fires on both sides alike cancels out.
+std::vector<DecidingPattern> decidingPatterns(const Explanation& explanation, std::size_t count);
+
+}  // namespace quorvane::inspect
 
 #endif  // QUORVANE_INSPECT_EXPLANATION_H_

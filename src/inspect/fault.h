@@ -4,7 +4,7 @@
 #include <stdexcept>
 #include <string>
 
-namespace quorvane {
+namespace quorvane::inspect {
 
 // Something that was given cannot be used. The text is one line: what was given, and what is wrong with it.
 class Fault : public std::runtime_error {
@@ -12,6 +12,6 @@ class Fault : public std::runtime_error {
   Fault(const std::string& given, const std::string& wrong) : std::runtime_error(given + ": " + wrong) {}
 };
 
-}  // namespace quorvane
+}  // namespace quorvane::inspect
 
 #endif  // QUORVANE_INSPECT_FAULT_H_

@@ -5,13 +5,20 @@
 
 #include "inspect/fault.h"
 
-namespace quorvane {
+namespace quorvane::inspect {
 
 namespace {
 
 bool hasMove(PgnGame& game) {
-  std::int32_t ignored;
-  return game.nextMove(ignored, ignored, ignored, ignored, ignored, ignored);
+  DecodedMove ignored;
+  return game.nextMove(ignored);
+}
+
+// A network begins with the number of its version, 1, in four bytes; no game does.
+bool isNetwork(std::ifstream& file) {
+  std::string start(4, '\0');
+  file.read(start.data(), 4);
+  return file && start == std::string("\1\0\0\0", 4);
 }
 
 }  // namespace
@@ -22,11 +29,21 @@ std::int32_t gameCount(PgnDatabase& database) {
   return count;
 }
 
-PgnDatabase loadGames(const std::string& fileName) {
+PgnDatabase loadAnyGames(const std::string& fileName) {
   if (std::filesystem::is_directory(fileName)) throw Fault(fileName, "is a folder");
-  if (!std::ifstream(fileName)) throw Fault(fileName, "cannot be opened");
+  std::ifstream file(fileName, std::ios::binary);
+  if (!file) throw Fault(fileName, "cannot be opened");
+  if (std::filesystem::is_regular_file(fileName) && isNetwork(file)) {
+    throw Fault(fileName, "is a network, not a file of games");
+  }
+  file.close();
   PgnDatabase database;
   database.load(fileName);
+  return database;
+}
+
+PgnDatabase loadGames(const std::string& fileName) {
+  PgnDatabase database = loadAnyGames(fileName);
   PgnGame* game;
   for (std::int32_t index = 0; (game = database.game(index)) != nullptr; ++index) {
     if (!game->tags.empty() || game->result() != noResult || hasMove(*game)) return database;
@@ -34,4 +51,4 @@ PgnDatabase loadGames(const std::string& fileName) {
   throw Fault(fileName, "holds no games");
 }
 
-}  // namespace quorvane
+}  // namespace quorvane::inspect

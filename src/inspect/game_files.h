@@ -6,14 +6,17 @@
 
 #include "pgn/pgn_database.h"
 
-namespace quorvane {
+namespace quorvane::inspect {
 
-// The games of one file. Throws a Fault if it cannot be opened or holds no games; since the database makes a
-// game of any text, a game without tags, moves and result is none.
+// The games of one file, possibly none. Throws a Fault if it cannot be opened, is a folder or a network.
+PgnDatabase loadAnyGames(const std::string& fileName);
+
+// The same, but throws a Fault if the file holds no games; since the database makes a game of any text, a game
+// without tags, moves and result is none.
 PgnDatabase loadGames(const std::string& fileName);
 
 std::int32_t gameCount(PgnDatabase& database);
 
-}  // namespace quorvane
+}  // namespace quorvane::inspect
 
 #endif  // QUORVANE_INSPECT_GAME_FILES_H_

@@ -4,30 +4,44 @@
 #include <nlohmann/json.hpp>
 #include <string>
 
+#include "inspect/calibration.h"
+#include "inspect/comparison.h"
 #include "inspect/explanation.h"
+#include "inspect/game_report.h"
+#include "inspect/judgement.h"
+#include "inspect/position.h"
 #include "inspect/summary.h"
 #include "inspect/validation.h"
 
-namespace quorvane {
+namespace quorvane::inspect {
 
 // The shapes of docs/inspect.md.
 using Json = nlohmann::ordered_json;
 
 Json showJson(const std::string& networkName, const std::vector<ListSummary>& lists, std::size_t top);
-// At most `top` patterns of each piece.
-Json explainJson(const std::string& networkName, const Explanation& explanation, std::size_t top);
-Json validateJson(const std::string& networkName, const Validation& validation);
+// At most `top` patterns of each piece. `calibration` may be null.
+Json explainJson(const std::string& networkName, const Origin& origin, const Explanation& explanation,
+                 const Calibration* calibration, std::size_t top);
+// The value of a position and of its pieces, without the patterns.
+Json valueJson(const std::string& fen, const Explanation& explanation, const Calibration* calibration);
+Json validateJson(const std::string& networkName, const Validation& validation, const Judgement& judgement);
+Json compareJson(const Contender& first, const Contender& second, const Comparison& comparison);
+Json gamesJson(const std::vector<FileReport>& files);
+
+Json bandJson(const Band& band);
 
 // One list without its patterns.
 Json listJson(const ListSummary& list);
 
 // The shortest decimal number that reads back as the same 32-bit float.
 double shortest(float number);
+// The same for a number that is one; any other stays as it is.
+double shortest(double number);
 
 // Text of the JSON, with a line end, over several lines or on one. What is no UTF-8 in names of files is
 // replaced.
 std::string textOf(const Json& json, bool indented = true);
 
-}  // namespace quorvane
+}  // namespace quorvane::inspect
 
 #endif  // QUORVANE_INSPECT_JSON_OUTPUT_H_

@@ -5,13 +5,11 @@
 
 #include "network/network_table.h"
 
-namespace quorvane {
+namespace quorvane::inspect {
 
-// Reads a network file whole. Stricter than the utility, which takes what it can use: throws a Fault if the
-// file cannot be read, is something else, is cut short or goes on behind its end record, or if a list is no
-// forest of patterns in preorder with finite weights.
+// Reads a network file whole and strictly; throws a Fault if it cannot be read or is no network.
 NetworkTable readNetwork(const std::string& name);
 
-}  // namespace quorvane
+}  // namespace quorvane::inspect
 
 #endif  // QUORVANE_INSPECT_NETWORK_READER_H_

@@ -1,22 +1,30 @@
 #include "inspect/position.h"
 
 #include "inspect/fault.h"
+#include "inspect/fen_text.h"
 #include "inspect/game_files.h"
-#include "learning/learner.h"
+#include "inspect/game_verdict.h"
 
-namespace quorvane {
+namespace quorvane::inspect {
 
-void Position::setFen(const std::string& fen) {
+Origin Position::setFen(const std::string& fen, Rules rules) {
   PgnGame game;
   const std::string given = "FEN \"" + fen + "\"";
-  if (!game.parseFen(given)) throw Fault(given, "does not give each side exactly one king");
+  const auto refuse = [&](const std::string& wrong) {
+    if (!wrong.empty()) throw Fault(given, wrong);
+  };
+  if (rules == Rules::chess) refuse(faultInFen(fen));
+  if (!game.parseFen(given)) refuse("does not give each side exactly one king");
   if (!game.placement.fitsBoard()) {
-    throw Fault(given, "has more than 16 pieces on a side, two on one square or a pawn on its last rank");
+    refuse("has more than " + std::to_string(piecesPerSide) +
+           " pieces on a side, two on one square or a pawn on its last rank");
   }
-  Learner::setupPosition(game.placement, game.sideToMove);
+  setupPosition(game.placement, game.sideToMove);
+  if (rules == Rules::chess) refuse(PositionText::fault());
+  return {fen, {}, {}, {}};
 }
 
-void Position::setGame(const std::string& fileName, std::int32_t number, std::int32_t plies) {
+Origin Position::setGame(const std::string& fileName, std::int32_t number, std::int32_t plies) {
   PgnDatabase database = loadGames(fileName);
   PgnGame* const game = database.game(number - 1);
   if (game == nullptr) {
@@ -24,22 +32,24 @@ void Position::setGame(const std::string& fileName, std::int32_t number, std::in
                               std::to_string(gameCount(database)));
   }
   const std::string place = "game " + std::to_string(number);
-  Learner::setupPosition(game->placement, game->sideToMove);
+  Origin origin{{}, tagValue(*game, "White"), tagValue(*game, "Black"), {}};
+  setupPosition(game->placement, game->sideToMove);
   for (std::int32_t ply = 1; ply <= plies; ++ply) {
-    std::int32_t fromRank;
-    std::int32_t fromFile;
-    std::int32_t toRank;
-    std::int32_t toFile;
-    std::int32_t kind;
-    std::int32_t promotion;
-    if (!game->nextMove(fromRank, fromFile, toRank, toFile, kind, promotion)) {
+    DecodedMove move;
+    if (!game->nextMove(move)) {
       throw Fault(fileName, place + " has no ply " + std::to_string(plies) + "; the last is " +
                                 std::to_string(ply - 1));
     }
-    if (!playGameMove(fromRank, fromFile, toRank, toFile, kind, promotion)) {
+    if (!playGameMove(move)) {
       throw Fault(fileName, place + " has a move that cannot be played, ply " + std::to_string(ply));
     }
+    if (ply != plies) continue;
+    const std::int32_t before = ply - 1 + (game->sideToMove == black ? 1 : 0);
+    origin.move = std::to_string(before / 2 + 1) + (before % 2 == 0 ? ". " : "... ");
+    origin.move += game->tokens[static_cast<std::size_t>(game->tokenCursor - 1)];
   }
+  origin.fen = PositionText::fen();
+  return origin;
 }
 
-}  // namespace quorvane
+}  // namespace quorvane::inspect

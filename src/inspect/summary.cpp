@@ -4,7 +4,7 @@
 #include <bit>
 #include <cmath>
 
-namespace quorvane {
+namespace quorvane::inspect {
 
 namespace {
 
@@ -61,4 +61,4 @@ std::size_t patternCount(const NetworkRow& row) {
   return count;
 }
 
-}  // namespace quorvane
+}  // namespace quorvane::inspect

@@ -7,7 +7,7 @@
 
 #include "network/network_table.h"
 
-namespace quorvane {
+namespace quorvane::inspect {
 
 // Which lists of a network are meant; what is left open means all.
 struct Selection {
@@ -43,6 +43,6 @@ std::vector<PlacedPattern> strongestPatterns(const std::vector<ListSummary>& lis
 // How many patterns a row holds.
 std::size_t patternCount(const NetworkRow& row);
 
-}  // namespace quorvane
+}  // namespace quorvane::inspect
 
 #endif  // QUORVANE_INSPECT_SUMMARY_H_

@@ -5,13 +5,23 @@
 #include <string_view>
 #include <vector>
 
-namespace quorvane {
+namespace quorvane::inspect {
 
-// With a sign if it is negative and two digits behind the point.
-std::string twoDigits(double number);
+// With that many digits behind the point, and a sign if it is negative.
+std::string fixed(double number, int digits);
 
-// As the utility prints its own figures: the general form with six significant digits.
-std::string sixDigits(double number);
+// The same with a sign in any case, but for what rounds to 0.
+std::string withSign(double number, int digits = 2);
+
+// "51 %"
+std::string asPercent(double share);
+
+// Breaks a text between words, so that no line is longer than 80 characters. Every line but the first is indented by so
+// many blanks; the text brings the indent of the first line itself. Ends with a line end.
+std::string wrapped(const std::string& text, std::size_t indent);
+
+// Text from a file, fit to be printed on one line: without control characters, and not longer than `longest`.
+std::string printable(std::string_view text, std::size_t longest);
 
 // Lines of cells, one under the other.
 class TextColumns {
@@ -30,6 +40,6 @@ class TextColumns {
   std::vector<std::vector<std::string>> lines;
 };
 
-}  // namespace quorvane
+}  // namespace quorvane::inspect
 
 #endif  // QUORVANE_INSPECT_TEXT_COLUMNS_H_

@@ -1,19 +1,20 @@
 #include "inspect/validation.h"
 
 #include <algorithm>
-#include <deque>
 #include <span>
+#include <tuple>
 #include <utility>
 
+#include "board/piece.h"
+#include "board/ring.h"
 #include "inspect/fault.h"
 #include "inspect/game_files.h"
 #include "inspect/position.h"
 #include "inspect/summary.h"
-#include "learning/quiet_positions.h"
-#include "learning/side_configurations.h"
+#include "network/eval_cache.h"
 #include "network/network.h"
 
-namespace quorvane {
+namespace quorvane::inspect {
 
 namespace {
 
@@ -22,8 +23,8 @@ class Validator : public Position {
  public:
   Validator() {
     for (PositionType type = 0; type < positionTypeCount; ++type) {
-      networks.emplace_back(Network::TableAsItStands{}).classifyPosition(type, false);
-      validation.patterns[type] = patternCount(networks.back().row());
+      classifier.classifyPosition(type, false);
+      validation.patterns[type] = patternCount(classifier.row());
     }
   }
 
@@ -32,8 +33,7 @@ class Validator : public Position {
     const std::size_t gamesBefore = validation.games;
     const std::int32_t count = gameCount(database);
     for (std::int32_t index = 0; index < count; ++index) {
-      PgnGame& game = *database.game(index);
-      if (game.result() != noResult) addGame(game, game.result());
+      addGame(*database.game(index));
       showProgress(file, index + 1, count);
     }
     if (validation.games == gamesBefore) throw Fault(file, "holds no game with a result");
@@ -52,68 +52,89 @@ class Validator : public Position {
   }
 
  private:
-  void addGame(PgnGame& game, std::int32_t result) {
-    ++validation.games;
-    QuietPositions::forEach(game, result, [&](std::int32_t target) {
+  void addGame(PgnGame& game) {
+    const auto number = static_cast<std::uint32_t>(validation.games);
+    const std::int32_t result = game.result();
+    if (result != noResult) ++validation.games;
+    const GameVerdict verdict = judgeGame(game, [&](std::int32_t target) {
       const PositionType type = classifier.classifyPosition(Network::classifyBoard, false);
+      Network::computeConfigurations();
       const Side side = currentMove.sideToMove;
-      const double value = networks[static_cast<std::size_t>(type)].evaluate(sampleOf(side));
-      validation.byType[type].add(value, target, side == white ? result : -result);
+      Prediction prediction{0.0, target, side == white ? result : -result, 0, number};
+      addSide(prediction, type, side, 1);
+      addSide(prediction, type, opponent(side), -1);
+      validation.byType[type].add(prediction);
     });
+    validation.tally.add(verdict);
   }
 
-  static Sample sampleOf(Side side) {
-    Network::computeConfigurations();
-    const SideConfigurations own(kings[side]);
-    const SideConfigurations opposing(kings[1 - side]);
-    return {{own.list().begin(), own.list().end()}, {opposing.list().begin(), opposing.list().end()}};
+  void addSide(Prediction& prediction, PositionType type, Side side, std::int32_t sign) {
+    for (const Piece& piece : Ring(kings[side])) {
+      const double worth = worthOf(type, piece.kind, piece.configuration);
+      const Square square = squareAt(relativeRank(side, rankOf(piece.square)), fileOf(piece.square));
+      validation.worth[type][piece.kind][square].add(worth);
+      prediction.value += sign * worth;
+      prediction.material += sign * piece.material;
+    }
+  }
+
+  // Rounds to 32 bits, as the caches of the evaluation do.
+  double worthOf(PositionType type, PieceKind kind, ConfigurationWord word) {
+    CacheEntry& entry = caches[type][kind].entryFor(word);
+    if (entry.word != word) {
+      double sum = 0.0;
+      forEachFiringNode(networkTable[type][kind], word,
+                        [&](const PatternNode& node) { sum += static_cast<double>(node.weight); });
+      entry = {word, static_cast<float>(sum)};
+    }
+    return static_cast<double>(entry.value);
   }
 
   Network classifier{Network::TableAsItStands{}};
-  std::deque<Network> networks;  // one for each type, so that its caches meet the samples of that type alone
+  Table<Table<EvalCache, pieceKindCount>, positionTypeCount> caches;
   Validation validation;
 };
 
 }  // namespace
 
-void Measurement::add(double value, std::int32_t target, std::int32_t outcome) {
-  predictions.push_back({value, target});
-  residuals.add(target - value);
-  residualsOfZeros.add(target);
-  if (outcome == 0) return;
+void Measurement::add(const Prediction& prediction) {
+  all.push_back(prediction);
+  residuals.add(prediction.target - prediction.value);
+  residualsOfZeros.add(prediction.target);
+  if (prediction.outcome == 0) return;
   ++decidedSamples;
-  if (outcome > 0 ? value > 0.0 : value < 0.0) ++agreeingSamples;
+  if (prediction.value * prediction.outcome > 0.0) ++agreeingSamples;
 }
 
 void Measurement::add(const Measurement& other) {
-  predictions.insert(predictions.end(), other.predictions.begin(), other.predictions.end());
-  const auto addResiduals = [](FitSystem::Residuals& sum, const FitSystem::Residuals& more) {
-    sum.squares += more.squares;
-    sum.absolutes += more.absolutes;
-    sum.hits += more.hits;
-  };
-  addResiduals(residuals, other.residuals);
-  addResiduals(residualsOfZeros, other.residualsOfZeros);
+  all.insert(all.end(), other.all.begin(), other.all.end());
+  residuals.add(other.residuals);
+  residualsOfZeros.add(other.residualsOfZeros);
   decidedSamples += other.decidedSamples;
   agreeingSamples += other.agreeingSamples;
 }
 
 std::vector<Band> Measurement::bands() const {
   constexpr std::size_t bandCount = 10;
-  std::vector<Prediction> sorted = predictions;
+  std::vector<Prediction> sorted = all;
   // Targets break ties, so that the order of the games does not show.
-  std::ranges::sort(sorted, {}, [](const Prediction& one) { return std::pair(one.value, one.target); });
+  std::ranges::sort(sorted, {}, [](const Prediction& prediction) {
+    return std::tuple(prediction.value, prediction.target, prediction.outcome);
+  });
   std::vector<Band> bands;
-  for (std::size_t band = 0; band < bandCount; ++band) {
-    const std::size_t begin = sorted.size() * band / bandCount;
-    const std::size_t end = sorted.size() * (band + 1) / bandCount;
+  for (std::size_t number = 0; number < bandCount; ++number) {
+    const std::size_t begin = sorted.size() * number / bandCount;
+    const std::size_t end = sorted.size() * (number + 1) / bandCount;
     if (begin == end) continue;
-    Band made{end - begin, sorted[begin].value, sorted[end - 1].value, 0.0, 0.0};
-    for (const Prediction& one : std::span(sorted).subspan(begin, end - begin)) {
-      made.meanValue += one.value / static_cast<double>(made.samples);
-      made.meanTarget += one.target / static_cast<double>(made.samples);
+    Band band{end - begin, sorted[begin].value, sorted[end - 1].value, 0.0, 0.0, 0.0, 0.0, 0.0};
+    const auto count = static_cast<double>(band.samples);
+    for (const Prediction& prediction : std::span(sorted).subspan(begin, end - begin)) {
+      band.meanValue += prediction.value / count;
+      band.meanTarget += prediction.target / count;
+      (prediction.outcome > 0 ? band.won : prediction.outcome < 0 ? band.lost : band.drawn) += 1.0;
     }
-    bands.push_back(made);
+    for (double* const share : {&band.won, &band.drawn, &band.lost}) *share /= count;
+    bands.push_back(band);
   }
   return bands;
 }
@@ -124,4 +145,4 @@ Validation validateOn(const std::vector<std::string>& files, const ShowProgress&
   return validator.finish();
 }
 
-}  // namespace quorvane
+}  // namespace quorvane::inspect

@@ -10,4 +10,9 @@ Learner::~Learner() {
   releaseBoard();
 }
 
+void Learner::use(PositionType type) {
+  currentSet = &sampleSets[type];
+  network.classifyPosition(type, true);
+}
+
 }  // namespace quorvane

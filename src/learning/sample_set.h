@@ -6,59 +6,79 @@
 #include <span>
 #include <vector>
 
-#include "learning/configuration_table.h"
-#include "learning/sample.h"
+#include "board/table.h"
+#include "network/sample.h"
 
 namespace quorvane {
 
-// The samples of one position type, in the order of storing.
+// The samples of one position type, in the order of storing; SampleWalk reads them.
 //
-// Configurations repeat: a set holds far fewer different ones than its samples have pieces. So each different
-// one is kept once, in `configurations`, and a sample is a row of 32-bit numbers of them. The rows stand in
-// blocks that never move, so that growing copies nothing but the short headers.
+// Half of a sample's pieces have the words that they had in the sample before the last one, which most often comes from
+// two plies later in the same game. So a sample is stored as what changes from that one, or from the last one if that is
+// nearer: a set of places, and the word that comes to each of them. A place is that of a piece in the lists: own pieces
+// from 0, opposing ones from piecesPerSide on.
 class SampleSet {
  public:
-  // A sample without its storage: the numbers of its configurations. Valid as long as the set holds it.
-  struct View {
-    std::span<const std::uint32_t> ownList;
-    std::span<const std::uint32_t> opposingList;
-    std::int32_t target;
-  };
+  static constexpr std::int32_t placeCount = 2 * piecesPerSide;
 
-  // Destroys the samples and makes sure that there is room for 1000.
+  SampleSet() { clear(); }
+
+  // Destroys the samples, keeps the storage, and makes sure that there is room for 1000.
   void clear();
+  // Destroys the samples and gives back the storage, but for that of an empty set.
+  void release();
 
-  // Copies a sample into the set: the pieces of the side to move, those of the other side, and the target.
-  // Neither list may be longer than 255.
+  // Copies a sample into the set: the pieces of the side to move, those of the other side, at most piecesPerSide each,
+  // and the target.
   void append(std::span<const PieceConfiguration> ownList, std::span<const PieceConfiguration> opposingList,
               std::int32_t target);
 
-  std::size_t size() const { return headers.size(); }
-  bool empty() const { return headers.empty(); }
-  std::size_t capacity() const { return headers.capacity(); }
+  std::size_t size() const { return forms.size(); }
+  bool empty() const { return forms.empty(); }
+  // Of all samples together.
+  std::size_t pieceCount() const { return pieces; }
+  // How many samples fit into the storage whatever they are.
+  std::size_t capacity() const { return room / longestRecord; }
 
-  View view(std::size_t index) const;
-  // A copy in full.
+  // A copy in full. Reads all samples up to that one.
   Sample sample(std::size_t index) const;
 
-  // The different configurations of the set, numbered in the order in which they came.
-  const ConfigurationTable& configurations() const { return table; }
-
  private:
-  static constexpr std::size_t smallestCapacity = 1000;
-  static constexpr std::size_t blockSize = std::size_t{1} << 16;
+  friend class SampleWalk;
 
-  struct Header {
-    const std::uint32_t* row;  // own configurations, then the opposing ones; in a block
-    std::int32_t target;
-    std::uint8_t ownCount;
-    std::uint8_t opposingCount;
+  static constexpr std::size_t smallestCapacity = 1000;
+  static constexpr std::size_t kindsPerNumber = 8;  // of four bits each
+  static constexpr std::size_t longestRecord = 2 + placeCount / kindsPerNumber + placeCount;
+
+  // The pieces of a sample by place, each with its kind above its word; emptyKind and the word 0 where there is none.
+  using Row = Table<std::uint64_t, placeCount>;
+
+  // How a sample is stored.
+  struct Form {
+    bool followsLast : 1;   // as what changes from the last one
+    bool changesKinds : 1;  // with the kinds of all places
   };
 
-  std::vector<Header> headers;
-  std::vector<std::unique_ptr<std::uint32_t[]>> blocks;
-  std::size_t usedOfLastBlock = blockSize;
-  ConfigurationTable table;
+  struct Block {
+    std::unique_ptr<std::uint32_t[]> numbers;
+    std::size_t size;
+    std::size_t used;
+  };
+
+  void addBlock();
+  // Where the next record goes.
+  std::uint32_t* recordStart();
+
+  // Records of 32-bit numbers: the target, the set of places that change, kinds if the form says so, and the words of
+  // the pieces that stand on changed places, in ascending order. None is cut by the end of a block. Blocks never move, and
+  // each is as large as all before it.
+  std::vector<Block> blocks;
+  std::size_t room = 0;  // of all blocks
+  std::size_t blocksInUse = 0;
+  std::vector<Form> forms;  // by sample
+  std::size_t pieces = 0;
+  Table<Row, 2> recent;  // the last two samples, each in turn
+  std::int32_t newest = 0;
 };
 
 }  // namespace quorvane

@@ -2,6 +2,7 @@
 
 #include "board/piece.h"
 #include "board/piece_classes.h"
+#include "board/ring.h"
 #include "network/network.h"
 
 namespace quorvane {
@@ -55,14 +56,14 @@ PositionType Network::classifyPosition(PositionType requested, bool clear) {
     std::int32_t total = 0;
     const auto count = [&total](Side side) {
       PieceCounts counts{};
-      forEachInRing(kings[side], [&](const Piece& piece) {
+      for (const Piece& piece : Ring(kings[side])) {
         ++counts[piece.kind];
         total += piece.material;
-      });
+      }
       return counts;
     };
     const PieceCounts moving = count(currentMove.sideToMove);
-    const PieceCounts opposing = count(1 - currentMove.sideToMove);
+    const PieceCounts opposing = count(opponent(currentMove.sideToMove));
     positionType = typeByMaterial(moving, opposing, total);
   }
   pawnEnding = isPawnEnding(positionType);

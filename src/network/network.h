@@ -3,20 +3,21 @@
 
 #include <cstdint>
 
-#include "board/board.h"
 #include "board/table.h"
-#include "learning/sample.h"
+#include "configurations/configuration_pass.h"
 #include "network/eval_cache.h"
 #include "network/network_table.h"
+#include "network/sample.h"
 
 namespace quorvane {
 
 class FitSystem;
+struct Residuals;
 
 // The model at work: one row of the network table, and caches of what its words are worth. A piece is worth
 // the sum of the weights of all patterns contained in its word; a position the sum over the pieces of the
 // side to move minus the sum over the others.
-class Network : public Board {
+class Network : public ConfigurationPass {
  public:
   static constexpr PositionType classifyBoard = -1;
 
@@ -34,10 +35,6 @@ class Network : public Board {
   // Is this a type of kings and pawns only, whose pawns have bits of their own?
   static bool isPawnEnding(PositionType type);
 
-  // Fills `configuration` of every piece on the board. The position must have been classified: pawnEnding is
-  // read.
-  static void computeConfigurations();
-
   // The value of a sample under the row in use, through the caches. Added up in the order of the sample: a
   // word's own sum rounded to 32 bits where it comes out of a cache, unrounded where it goes in.
   double evaluate(const Sample& sample);
@@ -52,16 +49,18 @@ class Network : public Board {
   std::int32_t appendNode(PieceKind kind);
   PatternNode& nodeAt(PieceKind kind, std::int32_t index);
 
-  // Reads and writes the whole network table; network_file.h has the format. Report on standard output.
+  // Reads and writes the whole network table, in load_network.cpp and save_network.cpp; network_file.h has the
+  // format, replace_file.h what a save does to files. Report on standard output.
   static void loadNetwork();
   static void saveNetwork();
 
-  // The steps of the fit of the row in use, whose system they work on. The first two give f(w) at the weights
-  // that they found, 0.0 for an empty set (conjugateStep with reportOnly: always 0.0).
-  double buildPreconditioner(FitSystem& system);
-  double conjugateStep(FitSystem& system, bool reportOnly);
+  // The steps of the fit of the row in use, whose system they work on; learning/fit/conjugate_gradients.cpp defines
+  // them. They give the residuals at the weights that they found, and change the weights; with reportOnly nothing
+  // changes, and the caches are those that hitPercentage, called before it, has filled. The first leaves the preconditioner in the nodes and takes the first step.
+  Residuals buildPreconditioner(FitSystem& system);
+  Residuals conjugateStep(FitSystem& system, bool reportOnly);
   // Percentage of samples whose value is less than 1.0 away from the target; 100 for an empty set.
-  static float hitPercentage(const FitSystem& system);
+  static float hitPercentage(FitSystem& system);
 
  private:
   double evaluateList(const std::vector<PieceConfiguration>& list, Table<EvalCache, pieceKindCount>& caches,

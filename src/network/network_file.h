@@ -2,6 +2,10 @@
 #define QUORVANE_NETWORK_NETWORK_FILE_H_
 
 #include <cstdint>
+#include <istream>
+#include <string>
+
+#include "network/network_table.h"
 
 namespace quorvane {
 
@@ -17,8 +21,31 @@ namespace quorvane {
 // The 0 in front of a control record cannot be a mask: no node has none.
 inline constexpr char networkFileName[] = "network.dat";
 inline constexpr std::uint32_t networkFileVersion = 1;
-inline constexpr std::uint32_t controlRecord = 0;
-enum ControlCode : std::uint32_t { selectKind = 0, selectType = 1, endOfFile = 2 };
+
+// The bytes of the whole file.
+std::string encodeNetwork(const NetworkTable& table);
+
+// What a file has that no written one has.
+struct NetworkFlaw {
+  enum Kind {
+    none,
+    noVersion,     // shorter than that
+    wrongVersion,  // nothing behind it was read
+    cutShort,      // within a record, or before the end record
+    unknownCode,
+    unknownKind,
+    unknownType
+  };
+  Kind kind = none;
+  // Of noVersion and cutShort the size of the file in bytes, otherwise the value that should be another.
+  std::uint64_t value = 0;
+};
+
+// Reads up to the end record and appends each node to its list of `table`, whatever the order of the records:
+// driven by them alone. Takes all that it can use: unknown codes are passed over, nodes of a kind or type
+// that does not exist are dropped, a record that is cut short ends the reading. Only the four stored fields
+// of a node are set; the others are 0. Gives the first flaw.
+NetworkFlaw decodeNetwork(std::istream& file, NetworkTable& table);
 
 }  // namespace quorvane
 

@@ -4,12 +4,6 @@ namespace quorvane {
 
 namespace {
 
-// The letters that a move may start with; O is castling, P a pawn that is named.
-bool startsLikeMove(std::string_view token) {
-  constexpr std::string_view starts = "abcdefghOPNBRQK";
-  return !token.empty() && starts.find(token[0]) != std::string_view::npos;
-}
-
 // The kind that a piece letter names, emptyKind for any other character.
 PieceKind kindOfLetter(char letter) {
   switch (letter) {
@@ -28,14 +22,20 @@ PieceKind kindOfLetter(char letter) {
   }
 }
 
+// O is castling, P a pawn that is named.
+bool startsLikeMove(std::string_view token) {
+  if (token.empty()) return false;
+  const char first = token[0];
+  return (first >= 'a' && first <= 'h') || first == 'O' || first == 'P' || kindOfLetter(first) != emptyKind;
+}
+
 bool isSuffix(char character) {
   return character == '#' || character == '+' || character == '?' || character == '!';
 }
 
 }  // namespace
 
-bool PgnGame::nextMove(std::int32_t& fromRank, std::int32_t& fromFile, std::int32_t& toRank,
-                       std::int32_t& toFile, std::int32_t& kind, std::int32_t& promotion) {
+bool PgnGame::nextMove(DecodedMove& move) {
   const auto tokenCount = static_cast<std::int32_t>(tokens.size());
   std::string_view token;
   do {
@@ -43,13 +43,10 @@ bool PgnGame::nextMove(std::int32_t& fromRank, std::int32_t& fromFile, std::int3
     token = tokens[static_cast<std::size_t>(tokenCursor++)];
   } while (!startsLikeMove(token));
 
-  fromRank = fromFile = toRank = toFile = anyRankOrFile;
-  kind = pawnKind;
-  promotion = noPromotion;
-
+  move = DecodedMove();
   if (token == "O-O" || token == "O-O-O") {
-    toFile = token == "O-O" ? 6 : 2;
-    kind = kingKind;
+    move.toFile = token == "O-O" ? 6 : 2;
+    move.kind = kingKind;
     return true;
   }
 
@@ -62,31 +59,31 @@ bool PgnGame::nextMove(std::int32_t& fromRank, std::int32_t& fromFile, std::int3
 
   const PieceKind promoted = kindOfLetter(characterAt(position));
   if (promoted != emptyKind && promoted != kingKind) {
-    promotion = promoted;
+    move.promotion = promoted;
     position -= 2;  // over the letter and what stands before it, which should be an equals sign
   }
 
-  toFile = characterAt(position - 1) - 'a';
-  toRank = characterAt(position) - '1';
-  if (toFile < 0 || toFile > 7 || toRank < 0 || toRank > 7) return false;
+  move.toFile = characterAt(position - 1) - 'a';
+  move.toRank = characterAt(position) - '1';
+  if (move.toFile < 0 || move.toFile > 7 || move.toRank < 0 || move.toRank > 7) return false;
   position -= 2;
   if (position < 0) return true;
 
   if (characterAt(position) == 'x') --position;
   const char rank = characterAt(position);
   if (rank >= '1' && rank <= '8') {
-    fromRank = rank - '1';
+    move.fromRank = rank - '1';
     --position;
   }
   if (position < 0) return true;
   const char file = characterAt(position);
   if (file >= 'a' && file <= 'h') {
-    fromFile = file - 'a';
+    move.fromFile = file - 'a';
     --position;
   }
   if (position < 0) return true;
   const PieceKind named = kindOfLetter(characterAt(position));
-  if (named != emptyKind) kind = named;
+  if (named != emptyKind) move.kind = named;
   return true;
 }
 

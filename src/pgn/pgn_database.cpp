@@ -9,7 +9,7 @@ namespace quorvane {
 
 namespace {
 
-constexpr std::string_view defaultStart = "FEN \"rnbqkbnr/pppppppp/8/8/8/8/PPPPPPPP/RNBQKBNR w KQkq - 0 1\"";
+constexpr std::string_view usualStartTag = "FEN \"rnbqkbnr/pppppppp/8/8/8/8/PPPPPPPP/RNBQKBNR w KQkq - 0 1\"";
 
 bool isFenTag(std::string_view tag) {
   return tag.starts_with("FEN ") || tag.starts_with("fen ") || tag.starts_with("Fen ");
@@ -26,12 +26,12 @@ bool isDigit(char character) {
   return character >= '0' && character <= '9';
 }
 
-// One token, of which `first` has been read, into the open string of the list.
-void readToken(PgnScanner& scanner, char first, std::string& token) {
-  token += first;
+// One token, of which `first` has been read, into the open string.
+void readToken(PgnScanner& scanner, char first, TextBuilder& token) {
+  token.add(first);
   const auto readBracketed = [&](char end) {
     scanner.readUpTo(end, token);
-    token += end;
+    token.add(end);
   };
   switch (first) {
     case '(':
@@ -49,7 +49,7 @@ void readToken(PgnScanner& scanner, char first, std::string& token) {
 
   const char second = scanner.readCharacter();
   if (scanner.ended()) return;
-  token += second;
+  token.add(second);
   if (isDigit(second)) {
     scanner.readUpTo('.', token);
   } else if (second != '.') {
@@ -60,14 +60,15 @@ void readToken(PgnScanner& scanner, char first, std::string& token) {
 }  // namespace
 
 void PgnDatabase::load(const std::string& name) {
-  if (name.find('\0') != std::string::npos)
-    return;  // no file has such a name, but one that ends there may exist
+  // No file has such a name, but one that ends there may exist.
+  if (name.find('\0') != std::string::npos) return;
   std::ifstream file(name);
   if (!file) return;
   PgnScanner scanner(file);
-  // Each game takes a copy of these, which allocates just what it needs.
-  TextList tags;
-  TextList tokens;
+  PgnGame usualStart;
+  readStart(usualStart, usualStartTag);
+  TextBuilder tags;
+  TextBuilder tokens;
 
   char first = scanner.readCharacter();
   while (!scanner.ended()) {
@@ -75,18 +76,18 @@ void PgnDatabase::load(const std::string& name) {
     bool hasFen = false;
     tags.clear();
     for (; first == '[' && !scanner.ended(); first = scanner.readCharacter()) {
-      scanner.readUpTo(']', tags.open());
+      scanner.readUpTo(']', tags);
       tags.close();
       if (isFenTag(tags.back())) hasFen = readStart(game, tags.back());
     }
-    if (!hasFen) readStart(game, defaultStart);
+    if (!hasFen) game = usualStart;
     tokens.clear();
     for (; first != '[' && !scanner.ended(); first = scanner.readCharacter()) {
-      readToken(scanner, first, tokens.open());
+      readToken(scanner, first, tokens);
       tokens.close();
     }
-    game.tags = tags;
-    game.tokens = tokens;
+    game.tags = texts.keep(tags);
+    game.tokens = texts.keep(tokens);
   }
 }
 
@@ -95,6 +96,10 @@ PgnGame* PgnDatabase::game(std::int32_t index) {
   PgnGame* const found = &games[static_cast<std::size_t>(index)];
   found->tokenCursor = 0;
   return found;
+}
+
+void PgnDatabase::clear() {
+  *this = {};
 }
 
 }  // namespace quorvane

@@ -2,14 +2,15 @@
 #define QUORVANE_PGN_PGN_DATABASE_H_
 
 #include <cstdint>
+#include <deque>
 #include <string>
-#include <vector>
 
 #include "pgn/pgn_game.h"
+#include "pgn/text_store.h"
 
 namespace quorvane {
 
-// The games read so far, in the order of reading. Owns them; nothing removes one.
+// The games read so far, in the order of reading. Owns them and their texts.
 class PgnDatabase {
  public:
   // Appends the games of the file `name`. Says nothing and fails at nothing: a file that cannot be opened
@@ -17,12 +18,16 @@ class PgnDatabase {
   // position that the board can hold: that of its last FEN tag, or the usual one.
   void load(const std::string& name);
 
-  // The game at `index`, from 0, rewound to its first token; null if there is none. Valid until the next
-  // load.
+  // The game at `index`, from 0, rewound to its first token; null if there is none. Valid until
+  // clear.
   PgnGame* game(std::int32_t index);
 
+  // Removes all games.
+  void clear();
+
  private:
-  std::vector<PgnGame> games;
+  std::deque<PgnGame> games;
+  TextStore texts;  // their tags and tokens
 };
 
 }  // namespace quorvane

@@ -4,8 +4,9 @@
 #include <cstdint>
 #include <string_view>
 
+#include "board/decoded_move.h"
+#include "board/placement.h"
 #include "board/types.h"
-#include "pgn/placement.h"
 #include "pgn/text_list.h"
 
 namespace quorvane {
@@ -16,11 +17,8 @@ inline constexpr std::int32_t blackWon = -1;
 inline constexpr std::int32_t draw = 0;
 inline constexpr std::int32_t noResult = 2;
 
-// Values of a decoded move that leave something open.
-inline constexpr std::int32_t anyRankOrFile = 8;
-inline constexpr std::int32_t noPromotion = 6;
-
-// One game as its file gives it: raw text and a start position. Nothing in it knows the rules of chess.
+// One game as its file gives it: raw text and a start position. Nothing in it knows the rules of chess. The text
+// belongs to a TextStore, for a game of a PgnDatabase that of the database; a copy of the game shares it.
 class PgnGame {
  public:
   // Reads the position of a FEN tag, given whole but without its square brackets. Everything up to the first
@@ -28,11 +26,10 @@ class PgnGame {
   // touched, if either side does not have exactly one king; that is the only ground for refusal.
   bool parseFen(std::string_view tag);
 
-  // Moves `tokenCursor` on to the next token that starts like a move, and decodes it by its text alone. Ranks
-  // and files are 0 to 7, or 8 where the token leaves them open; `promotion` is a PieceKind, or 6. False at
-  // the end of the tokens, where the values stay untouched, and at a token that is no move after all.
-  bool nextMove(std::int32_t& fromRank, std::int32_t& fromFile, std::int32_t& toRank, std::int32_t& toFile,
-                std::int32_t& kind, std::int32_t& promotion);
+  // Moves `tokenCursor` on to the next token that starts like a move, and decodes it by its text alone. False
+  // at the end of the tokens, where `move` stays untouched, and at a token that is no move after all, which
+  // leaves in it what has been read so far.
+  bool nextMove(DecodedMove& move);
 
   // whiteWon, blackWon, draw, or noResult; the last result token decides.
   std::int32_t result() const;

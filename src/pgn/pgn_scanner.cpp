@@ -8,10 +8,6 @@ namespace {
 
 constexpr std::size_t blockSize = 1 << 16;
 
-constexpr bool isWhiteSpace(char character) {
-  return character == ' ' || (character >= '\t' && character <= '\r');
-}
-
 }  // namespace
 
 PgnScanner::PgnScanner(std::istream& input)
@@ -25,36 +21,23 @@ bool PgnScanner::refill() {
   return next != blockEnd;
 }
 
-bool PgnScanner::skipWhiteSpace() {
-  while (refill()) {
-    next = std::find_if_not(next, blockEnd, isWhiteSpace);
-    if (next != blockEnd) return true;
-  }
-  return false;
-}
-
-char PgnScanner::readCharacter() {
-  if (skipWhiteSpace()) {
-    character = *next++;
-  } else {
-    reachedEnd = true;
-  }
-  return character;
-}
-
-void PgnScanner::readWord(std::string& text) {
+void PgnScanner::readWord(TextBuilder& text) {
   if (!skipWhiteSpace()) return;
   do {
-    const char* const end = std::find_if(next, blockEnd, isWhiteSpace);
-    text.append(next, end);
-    next = end;
+    // Words are short: a call for each part of one would take longer than its characters.
+    char* end = text.room(static_cast<std::size_t>(blockEnd - next));
+    const char* from = next;
+    const char* const last = blockEnd;
+    while (from != last && !isWhiteSpace(*from)) *end++ = *from++;
+    next = from;
+    text.extendTo(end);
   } while (next == blockEnd && refill());
 }
 
-void PgnScanner::readUpTo(char end, std::string& text) {
+void PgnScanner::readUpTo(char end, TextBuilder& text) {
   while (refill()) {
     const char* const found = std::find(next, blockEnd, end);
-    text.append(next, found);
+    text.extendTo(std::copy(next, found, text.room(static_cast<std::size_t>(found - next))));
     next = found;
     if (found == blockEnd) continue;
     ++next;

@@ -2,8 +2,9 @@
 #define QUORVANE_PGN_PGN_SCANNER_H_
 
 #include <istream>
-#include <string>
 #include <vector>
+
+#include "pgn/text_builder.h"
 
 namespace quorvane {
 
@@ -16,15 +17,22 @@ class PgnScanner {
 
   // Skips white space and gives the next character. At the end of the file it gives the last one again and
   // sets ended().
-  char readCharacter();
+  char readCharacter() {
+    if (skipWhiteSpace()) {
+      character = *next++;
+    } else {
+      reachedEnd = true;
+    }
+    return character;
+  }
 
-  // Skips white space, then appends the characters up to the next white space, which stays in the file.
-  // Appends nothing at the end of the file.
-  void readWord(std::string& text);
+  // Skips white space, then adds the characters up to the next white space, which stays in the file.
+  // Adds nothing at the end of the file.
+  void readWord(TextBuilder& text);
 
-  // Appends everything up to the first `end`, line ends included, and consumes `end`. The end of the file
+  // Adds everything up to the first `end`, line ends included, and consumes `end`. The end of the file
   // ends the text as well.
-  void readUpTo(char end, std::string& text);
+  void readUpTo(char end, TextBuilder& text);
 
   // No character was left for the last readCharacter.
   bool ended() const { return reachedEnd; }
@@ -33,7 +41,18 @@ class PgnScanner {
   // Fills the block if it is used up; false at the end of the file.
   bool refill();
   // Skips white space; false at the end of the file.
-  bool skipWhiteSpace();
+  bool skipWhiteSpace() {
+    do {
+      for (; next != blockEnd; ++next) {
+        if (!isWhiteSpace(*next)) return true;
+      }
+    } while (refill());
+    return false;
+  }
+
+  static constexpr bool isWhiteSpace(char character) {
+    return character == ' ' || (character >= '\t' && character <= '\r');
+  }
 
   std::istream& file;
   std::vector<char> block;

@@ -1,51 +1,38 @@
 #ifndef QUORVANE_PGN_TEXT_LIST_H_
 #define QUORVANE_PGN_TEXT_LIST_H_
 
+#include <cstddef>
 #include <cstdint>
-#include <limits>
-#include <string>
 #include <string_view>
-#include <vector>
 
 namespace quorvane {
 
-// A growable array of strings that are kept one behind the other in a single text: four bytes a string beside
-// its characters, where strings of their own would take thirty-two. A list holds up to 4 GiB of text; what
-// would stand behind that is cut off. A copy allocates no more than it needs.
+// An array of strings that stand one behind the other in a single text, with the place where each ends. A view:
+// text and ends belong to the TextStore that made it.
 class TextList {
  public:
-  std::size_t size() const { return ends.size(); }
-  bool empty() const { return ends.empty(); }
+  TextList() = default;
 
-  // Valid until the list changes.
+  std::size_t size() const { return count; }
+  bool empty() const { return count == 0; }
+
   std::string_view operator[](std::size_t index) const {
-    const std::size_t begin = index == 0 ? 0 : ends[index - 1];
-    return std::string_view(text).substr(begin, ends[index] - begin);
-  }
-  std::string_view back() const { return (*this)[size() - 1]; }
-
-  void append(std::string_view string) {
-    text += string;
-    close();
-  }
-
-  // For building a string in place: characters are appended to open(), then close() ends the string.
-  std::string& open() { return text; }
-  void close() {
-    constexpr std::size_t limit = std::numeric_limits<std::uint32_t>::max();
-    if (text.size() > limit) text.resize(limit);
-    ends.push_back(static_cast<std::uint32_t>(text.size()));
-  }
-
-  // Keeps the storage.
-  void clear() {
-    text.clear();
-    ends.clear();
+    const std::size_t begin = index == 0 ? 0 : endOf(index - 1);
+    return {text + begin, endOf(index) - begin};
   }
 
  private:
-  std::string text;
-  std::vector<std::uint32_t> ends;
+  friend class TextStore;
+
+  // Most texts are short enough for ends of two bytes.
+  std::size_t endOf(std::size_t index) const {
+    return longEnds == nullptr ? shortEnds[index] : longEnds[index];
+  }
+
+  const char* text = nullptr;
+  const std::uint16_t* shortEnds = nullptr;
+  const std::uint32_t* longEnds = nullptr;  // used if not null
+  std::uint32_t count = 0;
 };
 
 }  // namespace quorvane

@@ -4,6 +4,7 @@
 #include "support/board_fixture.h"
 
 namespace quorvane {
+namespace {
 
 using MakeMove = BoardTest;
 using HashKeys = BoardTest;
@@ -18,7 +19,7 @@ TEST_F(MakeMove, EveryMoveIsTakenBackExactly) {
   };
   std::set<std::int32_t> kindsMade;
   playRandomGames([&] {
-    const std::vector<std::int64_t> before = state();
+    const std::vector<std::uint64_t> before = BoardLaws::state();
     const std::uint32_t keyBefore = key();
     for (const MoveRecord& move : allMoves()) {
       currentMove = move;
@@ -28,7 +29,7 @@ TEST_F(MakeMove, EveryMoveIsTakenBackExactly) {
       EXPECT_EQ(*hashState->slotTop, *hashState->indexTop & 0x7ffff);
       kindsMade.insert(history->record(history->depth).undoKind);
       unmakeMove();
-      ASSERT_EQ(state(), before) << "move " << move.from << " to " << move.to;
+      ASSERT_EQ(BoardLaws::state(), before) << "move " << move.from << " to " << move.to;
     }
   });
   EXPECT_EQ(kindsMade.size(), 8U) << "the games leave a kind of move out";
@@ -71,4 +72,5 @@ TEST_F(HashKeys, FifthPositionOfABucketIsNotCounted) {
   EXPECT_EQ(std::vector<int>(counts, counts + 4), std::vector<int>(4, 1));
 }
 
+}  // namespace
 }  // namespace quorvane

@@ -1,6 +1,8 @@
 #include "support/board_fixture.h"
+#include "support/files.h"
 
 namespace quorvane {
+namespace {
 
 using Perft = BoardTest;
 
@@ -15,19 +17,18 @@ TEST_F(Perft, CountsArePublishedOnes) {
     }
     return count;
   };
-  const FenLines lines = {
-      {"rnbqkbnr/pppppppp/8/8/8/8/PPPPPPPP/RNBQKBNR w", "20 400 8902 197281"},
-      {"r3k2r/p1ppqpb1/bn2pnp1/3PN3/1p2P3/2N2Q1p/PPPBBPPP/R3K2R w", "48 2039 97862"},
-      {"8/2p5/3p4/KP5r/1R3p1k/8/4P1P1/8 w", "14 191 2812 43238"},
-      {"8/Pk6/8/8/8/8/6Kp/8 w", "11 97 887 8048 90606"},
-      {"n1n5/PPPk4/8/8/8/8/4Kppp/5N1N b", "24 496 9483"},
-      {"r3k2r/Pppp1ppp/1b3nbN/nP6/BBP1P3/q4N2/Pp1P2PP/R2Q1RK1 w", "6 264 9467"},
-  };
-  for (const auto& [fen, counts] : lines) {
-    setUp(fen);
-    std::istringstream text(counts);
-    for (int count, depth = 1; text >> count; ++depth) EXPECT_EQ(leaves(depth), count) << fen;
+  std::istringstream lines(readFile(projectFile("tests/board/perft.txt")));
+  std::int32_t positions = 0;
+  for (std::string line; std::getline(lines, line);) {
+    const std::size_t end = line.find(" |");
+    if (line.starts_with('#') || end == std::string::npos) continue;
+    setUp(line.substr(0, end));
+    std::istringstream counts(line.substr(end + 2));
+    for (int count, depth = 1; counts >> count; ++depth) EXPECT_EQ(leaves(depth), count) << line;
+    ++positions;
   }
+  EXPECT_EQ(positions, 16);
 }
 
+}  // namespace
 }  // namespace quorvane

@@ -1,6 +1,8 @@
+#include "configurations/place_bits.h"
 #include "support/board_fixture.h"
 
 namespace quorvane {
+namespace {
 
 using Configurations = BoardTest;
 
@@ -45,15 +47,30 @@ TEST_F(Configurations, WordsOfPieces) {
   });
 }
 
-TEST_F(Configurations, WordsOfAMiddleGameWithBothSidesCastled) {
-  const char* const words =
-      "d1 13 18 29, f1 12 14 15 17 21 30, g1 2 11 13 19 20 23 27 28, f2 2 5 13 15 17 20 21 22 30, "
-      "g2 15 17 20 21 22 29, h2 11 15 17 20 22 28, d3 14 18 27, f3 10 14 17 28, e4 6 12 17 18 21 24 31, "
-      "c5 10 16 18 27, c6 16 17 28, d6 12 14 16 17 18 23 31, f7 15 16 17 21 22 30, g7 15 16 17 20 21 22 29, "
-      "h7 15 16 17 20 22 28, d8 11 13 16 18 29, e8 14 16 18 20 21 29, g8 13 16 19 20 23 27 28";
-  expectWords({{"3qk2r/5ppp/2np4/2b5/4P3/3B1N2/4QPPP/4K2R w", words}}, "O-O O-O Qd1 Re8");
+TEST_F(Configurations, BlackToMoveTurnsNothingButTheMove) {
   expectWords({{"3qk2r/5ppp/2np4/2b5/4P3/3B1N2/4QPPP/4K2R b", "d1 13 16 18 29, c5 10 18 27"}},
               "O-O O-O Re8 Qd1");
+}
+
+TEST_F(Configurations, PlaceBitsAreThoseOfAnyWordOfAPieceThere) {
+  for (std::int32_t list = 0; list < placementListCount; ++list) {
+    const PieceKind kind = placementKinds[list % placementListsPerSide];
+    const Side side = list < placementListsPerSide ? black : white;
+    ConfigurationWord ofAnySquare = 0;
+    for (Square square = 0; square < squareCount; ++square) ofAnySquare |= placeBits(kind, side, square);
+    for (Square square = 0; square < squareCount; ++square) {
+      const bool cannotStand = kind == pawnKind && relativeRank(side, rankOf(square)) == 7;
+      if (square == 27 || square == 3 || cannotStand) continue;
+      Placement placement;
+      if (list != blackKingList) placement.append(blackKingList, 27);
+      if (list != whiteKingList) placement.append(whiteKingList, 3);
+      placement.append(list, square);
+      setupPosition(placement, white);
+      Network::computeConfigurations();
+      EXPECT_EQ(board[square]->configuration & ofAnySquare, placeBits(kind, side, square))
+          << kind << " " << square;
+    }
+  }
 }
 
 TEST_F(Configurations, MirroredPositionHasTheSameWords) {
@@ -61,7 +78,7 @@ TEST_F(Configurations, MirroredPositionHasTheSameWords) {
   playRandomGames([&] {
     for (const std::int32_t mirrored : {0, 1}) {
       const Side side = currentMove.sideToMove;
-      auto& placement = positions.emplace_back(Placement{}, mirrored == 1 ? 1 - side : side).first;
+      auto& placement = positions.emplace_back(Placement{}, mirrored == 1 ? opponent(side) : side).first;
       for (const Piece* piece : board) {
         if (piece->kind == emptyKind) continue;  // the lists have the order of the key columns
         placement.append((piece->keyIndex + 6 * mirrored) % 12, piece->square ^ 56 * mirrored);
@@ -81,4 +98,5 @@ TEST_F(Configurations, MirroredPositionHasTheSameWords) {
   }
 }
 
+}  // namespace
 }  // namespace quorvane

@@ -1,21 +1,17 @@
 #include <gtest/gtest.h>
 
+#include <chrono>
 #include <cstdlib>
 #include <filesystem>
-#include <fstream>
 #include <sstream>
 
+#include "support/files.h"
 #include "support/temporary_folder.h"
 
 namespace quorvane {
 namespace {
 
 namespace fs = std::filesystem;
-
-std::string readFile(const fs::path& name) {
-  std::ifstream file(name, std::ios::binary);
-  return {std::istreambuf_iterator<char>(file), {}};
-}
 
 // The 64-bit FNV-1a hash, to tell whether a network.dat is the one expected.
 std::string fingerprint(const std::string& bytes) {
@@ -30,37 +26,38 @@ std::string fingerprint(const std::string& bytes) {
 // console/expected/NAME.txt. With QUORVANE_APPROVE set in the environment it writes that file instead.
 class Console : public ::testing::Test {
  protected:
-  static std::string run(const std::string& answers) {
-    std::ofstream("answers") << answers;
+  std::string run(const std::string& answers) {
+    writeFile("answers", answers);
+    const auto start = std::chrono::steady_clock::now();
     EXPECT_EQ(std::system("\"" QUORVANE_PROGRAM "\" <answers >output 2>errors"), 0);
+    wholeRun = std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
     EXPECT_EQ(readFile("errors"), "");
     std::string printed = readFile("output");
     const std::size_t time = printed.find("Time: ");
-    if (time != std::string::npos) printed.replace(time, printed.find(" seconds", time) - time, "Time: #");
+    if (time == std::string::npos) return printed;
+    learning = std::stod(printed.substr(time + 6));
+    EXPECT_LE(learning, wholeRun);
+    printed.replace(time, printed.find(" seconds", time) - time, "Time: #");
     return printed;
   }
 
-  static void expectRun(const std::string& name, const std::string& answers) {
+  void expectRun(const std::string& name, const std::string& answers) {
     std::string text = run(answers);
     if (fs::exists("network.dat")) text += "network.dat: " + fingerprint(readFile("network.dat")) + "\n";
-    const fs::path expected = fs::path(QUORVANE_TEST_SOURCE_DIR) / "console/expected" / (name + ".txt");
-    if (std::getenv("QUORVANE_APPROVE") != nullptr) std::ofstream(expected) << text;
+    const fs::path expected = projectFile("tests/console/expected/" + name + ".txt");
+    if (std::getenv("QUORVANE_APPROVE") != nullptr) writeFile(expected, text);
     EXPECT_EQ(text, readFile(expected));
   }
 
-  static void copyExamples(std::size_t games) {
-    const std::string all = readFile(fs::path(QUORVANE_TEST_SOURCE_DIR) / "../examples/games.pgn");
-    std::size_t end = 0;
-    for (std::size_t game = 0; game < games; ++game) end = all.find("[Event ", end + 1);
-    std::ofstream("few.pgn") << all.substr(0, end);
-  }
-
   TemporaryFolder folder;
+  double wholeRun = 0.0;  // seconds, of the last run
+  double learning = 0.0;  // as it printed them
 };
 
 TEST_F(Console, LearnsFromGamesUntilTheAnswerIsNo) {
-  copyExamples(40);
+  writeFile("few.pgn", exampleGames(40));
   expectRun("learn", "\n\nfew.pgn missing.pgn\nquit no and nothing else is read\n");
+  EXPECT_GT(learning, wholeRun / 10) << "hardly anything else takes time";
 }
 
 TEST_F(Console, QuitAtTheFirstPromptLeavesEverythingAlone) {

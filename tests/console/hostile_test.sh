@@ -15,7 +15,7 @@ fail() { echo "$name: $1" | tee -a failures; }
 forget() { printf 'none no' | "$program" >forgotten; }
 {
   printf '\1\0\0\0'
-  for row in 0 1 2 3 4 5; do printf "\0\0\0\0\1\0\0\0\\$row\0\0\0""\\$row\1\0\0\0\0\0\0\0\0\300\177\1\0\0\0"; done
+  for row in 0 1 2 3 4 5; do printf %b "\0\0\0\0\1\0\0\0\\$row\0\0\0\\$row\1\0\0\0\0\0\0\0\0\300\177\1\0\0\0"; done
 } >network.dat
 forget
 cp network.dat special
@@ -117,5 +117,6 @@ done
 # A limit on the size of files is a full disk.
 limited() { (ulimit -f 1 && "$program"); }
 run 'files that may not grow' - limited
+! grep Error output || fail 'a message'
 
 [ ! -e failures ]

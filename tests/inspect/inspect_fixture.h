@@ -6,30 +6,24 @@
 
 #include <filesystem>
 #include <fstream>
-#include <iterator>
 #include <string>
 #include <utility>
 
 #include "inspect/position.h"
 #include "network/network_table.h"
+#include "support/files.h"
 #include "support/temporary_folder.h"
 
-namespace quorvane {
+namespace quorvane::inspect {
 
 inline std::string textOfFile(const std::string& name) {
-  std::ifstream file(name, std::ios::binary);
-  return {std::istreambuf_iterator<char>(file), {}};
+  return readFile(name);
 }
 
 // A folder of its own, with few.pgn in it; leaves the network table as it was.
 class InspectTest : public ::testing::Test {
  protected:
-  InspectTest() : tableBefore(std::exchange(networkTable, {})) {
-    const std::string all = textOfFile(QUORVANE_TEST_SOURCE_DIR "/../examples/games.pgn");
-    std::size_t end = 0;
-    for (int game = 0; game < 60; ++game) end = all.find("[Event ", end + 1);
-    std::ofstream("few.pgn") << all.substr(0, end);
-  }
+  InspectTest() : tableBefore(std::exchange(networkTable, {})) { writeFile("few.pgn", exampleGames(60)); }
   ~InspectTest() override { networkTable = std::move(tableBefore); }
 
   // Lets the utility learn few.pgn into network.dat; gives what it prints.
@@ -43,8 +37,10 @@ class InspectTest : public ::testing::Test {
     std::string output;
     std::string errors;
   };
-  static Outcome inspect(const std::string& arguments) {
-    const int status = std::system(("\"" QUORVANE_INSPECT "\" " + arguments + " >output 2>errors").c_str());
+  // With the arguments as a shell reads them, behind what else the shell is to do first.
+  static Outcome inspect(const std::string& arguments, const std::string& before = "") {
+    const std::string command = before + "\"" QUORVANE_INSPECT "\" " + arguments + " >output 2>errors";
+    const int status = std::system(command.c_str());
     return {WEXITSTATUS(status), textOfFile("output"), textOfFile("errors")};
   }
 
@@ -53,6 +49,6 @@ class InspectTest : public ::testing::Test {
   NetworkTable tableBefore;
 };
 
-}  // namespace quorvane
+}  // namespace quorvane::inspect
 
 #endif  // QUORVANE_TESTS_INSPECT_INSPECT_FIXTURE_H_

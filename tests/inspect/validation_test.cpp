@@ -3,7 +3,7 @@
 #include "inspect/inspect_fixture.h"
 #include "inspect/network_reader.h"
 
-namespace quorvane {
+namespace quorvane::inspect {
 namespace {
 
 class Validate : public InspectTest {};
@@ -34,7 +34,7 @@ TEST_F(Validate, GamesThatWereLearnedGiveTheFiguresThatTheUtilityPrinted) {
 
 TEST(Measurement, SortsSamplesIntoTenthsAndCountsSignsOfDecidedGames) {
   Measurement measured;
-  for (int value = 24; value >= 0; --value) measured.add(value - 12, 2 * value, value % 3 - 1);
+  for (int value = 24; value >= 0; --value) measured.add({value - 12.0, 2 * value, value % 3 - 1, 0, 0});
   const std::vector<Band> bands = measured.bands();
   ASSERT_EQ(bands.size(), 10U);
   EXPECT_EQ(bands[0].samples + bands[1].samples, 5U);
@@ -48,4 +48,4 @@ TEST(Measurement, SortsSamplesIntoTenthsAndCountsSignsOfDecidedGames) {
 }
 
 }  // namespace
-}  // namespace quorvane
+}  // namespace quorvane::inspect

@@ -3,29 +3,16 @@
 
 #include <gtest/gtest.h>
 
-#include <iostream>
 #include <random>
-#include <sstream>
 #include <string>
 
 #include "learning/learner.h"
+#include "learning/sample_walk.h"
+#include "support/captured_output.h"
+#include "support/network_tables.h"
 #include "support/temporary_folder.h"
 
 namespace quorvane {
-
-// Catches what is printed on standard output while it lives.
-class CapturedOutput {
- public:
-  CapturedOutput() : standard(std::cout.rdbuf(text.rdbuf())) {}
-  ~CapturedOutput() { std::cout.rdbuf(standard); }
-  CapturedOutput(const CapturedOutput&) = delete;
-  CapturedOutput& operator=(const CapturedOutput&) = delete;
-  std::string str() const { return text.str(); }
-
- private:
-  std::ostringstream text;
-  std::streambuf* standard;
-};
 
 // Constructed before the Learner, which looks for network.dat and reports that there is none. The fits write
 // one.
@@ -36,9 +23,12 @@ struct QuietStart {
 
 class LearningTest : public ::testing::Test, private QuietStart, public Learner {
  protected:
-  // The table outlives every Learner.
-  void TearDown() override {
-    for (NetworkRow& row : networkTable) row = {};
+  void TearDown() override { clearNetworkTable(); }
+
+  std::vector<std::int32_t> targets(PositionType type) {
+    std::vector<std::int32_t> all;
+    for (SampleWalk walk(sampleSets[type]); walk.next();) all.push_back(walk.target());
+    return all;
   }
 
   // A set of samples like those of games: few kinds of words in many variations, so that words repeat, share
@@ -57,20 +47,32 @@ class LearningTest : public ::testing::Test, private QuietStart, public Learner 
       return pieces;
     };
     set.clear();
+    std::vector<std::pair<std::vector<PieceConfiguration>, std::vector<PieceConfiguration>>> before;
     for (std::size_t sample = 0; sample < count; ++sample) {
-      set.append(list(), list(), static_cast<std::int32_t>(below(120)) - 60);
+      // Openings come again: every fourth sample is one that was there before, but for its target.
+      if (sample == 0 || below(4) != 0) {
+        before.emplace_back(list(), list());
+      } else {
+        before.push_back(before[below(static_cast<std::uint32_t>(sample))]);
+      }
+      set.append(before.back().first, before.back().second, static_cast<std::int32_t>(below(120)) - 60);
     }
   }
 
-  void use(PositionType type) {
-    currentSet = &sampleSets[type];
-    network.classifyPosition(type, true);
+  static std::vector<Sample> copies(const SampleSet& set) {
+    std::vector<Sample> all;
+    for (SampleWalk walk(set); walk.next();) {
+      all.push_back({{walk.ownList().begin(), walk.ownList().end()},
+                     {walk.opposingList().begin(), walk.opposingList().end()},
+                     walk.target()});
+    }
+    return all;
   }
 
   void search(PositionType type) {
     CapturedOutput quiet;
     use(type);
-    searchPatterns(2);
+    searchPatterns(searchDepth);
   }
 };
 

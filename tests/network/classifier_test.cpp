@@ -1,7 +1,9 @@
 #include "network/network_table.h"
 #include "support/board_fixture.h"
+#include "support/network_tables.h"
 
 namespace quorvane {
+namespace {
 
 using Classifier = BoardTest;
 
@@ -25,7 +27,7 @@ TEST_F(Classifier, TellsPositionsByMaterial) {
 
 TEST_F(Classifier, TakesARequestedTypeAndClearsCachesIfTold) {
   const Sample sample{{{4, rookKind}}, {}, 0};
-  for (NetworkRow& row : networkTable) row = {};
+  clearNetworkTable();
   networkTable[8][rookKind] = {{4, 0, 2.5F, 1, 0, 0, 0, 0}};
   network.classifyPosition(8, true);
   EXPECT_EQ(network.evaluate(sample), 2.5);
@@ -33,11 +35,12 @@ TEST_F(Classifier, TakesARequestedTypeAndClearsCachesIfTold) {
   EXPECT_EQ(network.evaluate(sample), 2.5) << "another row, but the caches are kept";
   network.classifyPosition(9, true);
   EXPECT_EQ(network.evaluate(sample), 0.0);
-  networkTable[8][rookKind].clear();
+  clearNetworkTable();
   for (PositionType type = 0; type < positionTypeCount; ++type) {
     EXPECT_EQ(network.classifyPosition(type, false), type);
     EXPECT_EQ(pawnEnding, type == 1 || type == 4) << type;
   }
 }
 
+}  // namespace
 }  // namespace quorvane

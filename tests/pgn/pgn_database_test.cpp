@@ -2,21 +2,20 @@
 
 #include <gtest/gtest.h>
 
-#include <cstdio>
-#include <fstream>
+#include "support/files.h"
+#include "support/temporary_folder.h"
 
 namespace quorvane {
+namespace {
 
 class PgnReader : public testing::Test {
  protected:
   // Tags and tokens of all games, as "[White]e4|e5|".
   std::string read(const std::string& text) {
-    const std::string name = testing::UnitTest::GetInstance()->current_test_info()->name();
-    std::ofstream(name, std::ios::binary) << text;
+    writeFile("read.pgn", text);
     database = {};
-    database.load(name);
+    database.load("read.pgn");
     database.load("no such file");
-    std::remove(name.c_str());
     std::string games;
     for (std::int32_t index = 0; const PgnGame* const game = database.game(index); ++index) {
       const TextList& tags = game->tags;
@@ -26,6 +25,7 @@ class PgnReader : public testing::Test {
     }
     return games;
   }
+  const TemporaryFolder folder;
   PgnDatabase database;
 };
 
@@ -43,12 +43,36 @@ TEST_F(PgnReader, CutsTextIntoTagsAndTokens) {
   EXPECT_EQ(database.game(-1), nullptr);
 }
 
+TEST_F(PgnReader, GameIsHandedOutRewound) {
+  read("e4 e5");
+  for (int round = 0; round < 2; ++round) {
+    DecodedMove move;
+    std::int32_t moves = 0;
+    for (PgnGame* const game = database.game(0); game->nextMove(move);) ++moves;
+    EXPECT_EQ(moves, 2) << round;
+  }
+}
+
 TEST_F(PgnReader, EndsOfBlocksDoNotShow) {
   const std::string text = "[A b] 1. exd5 12. {a b} (c) <d> 0-1 Nf3";
   for (std::size_t inFirstBlock = 0; inFirstBlock <= text.size(); ++inFirstBlock) {
     const std::string blanks((1 << 16) - inFirstBlock, ' ');
     EXPECT_EQ(read(blanks + text), "[A b]1.|exd5|12|{a b}|(c)|<d>|0-1|Nf3|") << inFirstBlock;
   }
+}
+
+TEST_F(PgnReader, TextsOfAnyLengthComeBackWhole) {
+  const std::string game = "[A b]e4|e5|";
+  for (const std::size_t length : {65529U, 65530U, 65531U, 65532U, 65536U, 1U << 20, (1U << 20) + 1}) {
+    const std::string comment = std::string("{").append(length, 'x').append("}");
+    const std::string longTag = std::string("[").append(comment).append("]");
+    const std::string expected = game + longTag + "e4|" + comment + "|d4|" + game + "[c]" + comment + "|";
+    EXPECT_TRUE(read("[A b] e4 e5 " + longTag + " e4 " + comment + " d4 [A b] e4 e5 [c]" + comment) ==
+                expected)
+        << length;
+  }
+  database.clear();
+  EXPECT_EQ(database.game(0), nullptr);
 }
 
 TEST_F(PgnReader, FenTagGivesTheStartIfTheBoardHoldsIt) {
@@ -75,4 +99,5 @@ TEST_F(PgnReader, FenTagGivesTheStartIfTheBoardHoldsIt) {
   }
 }
 
+}  // namespace
 }  // namespace quorvane

@@ -4,9 +4,23 @@
 
 #include <sstream>
 
+#include "support/token_list.h"
+
 namespace quorvane {
+namespace {
 
 using Lines = std::vector<std::pair<std::string, std::string>>;
+
+// Pieces in the order of their lists, then the other fields.
+std::string described(const PgnGame& game) {
+  std::ostringstream text;
+  for (std::int32_t list = 0; list < placementListCount; ++list)
+    for (const int square : game.placement[list]) text << "prbnqkPRBNQK"[list] << square << ' ';
+  text << game.sideToMove << ' ' << game.whiteKingSide << game.whiteQueenSide << game.blackKingSide
+       << game.blackQueenSide << ' ' << game.enPassant << ' ' << game.halfmoveClock << ' '
+       << game.fullmoveNumber;
+  return text.str();
+}
 
 TEST(FenParser, TakesAnyTextWithOneKingASide) {
   const Lines lines = {
@@ -24,13 +38,26 @@ TEST(FenParser, TakesAnyTextWithOneKingASide) {
   for (const auto& [text, expected] : lines) {
     PgnGame game;
     EXPECT_TRUE(game.parseFen("FEN \"" + text + "\"")) << text;
-    std::ostringstream start;
-    for (std::int32_t list = 0; list < placementListCount; ++list)
-      for (const int square : game.placement[list]) start << "prbnqkPRBNQK"[list] << square << ' ';
-    start << game.sideToMove << ' ' << game.whiteKingSide << game.whiteQueenSide << game.blackKingSide
-          << game.blackQueenSide << ' ' << game.enPassant << ' ' << game.halfmoveClock << ' '
-          << game.fullmoveNumber;
-    EXPECT_EQ(start.str(), expected) << text;
+    EXPECT_EQ(described(game), expected) << text;
+  }
+}
+
+TEST(FenParser, SecondTagAddsPiecesAndSetsTheOtherFieldsUnlessItIsRefused) {
+  PgnGame game;
+  EXPECT_TRUE(game.parseFen("\"4k3/8/8/8/8/8/8/4K3 b KQkq h6 17 305\""));
+  EXPECT_TRUE(game.parseFen("\"8/8/8/8/8/8/8/R7 w Qk a3 2 40\""));
+  EXPECT_EQ(described(game), "k60 R0 K4 1 0110 16 2 40");
+  EXPECT_FALSE(game.parseFen("\"8/8/8/8/8/8/8/4K3 b KQ - 0 1\""));
+  EXPECT_EQ(described(game), "1 0110 16 2 40");
+}
+
+TEST(FenParser, ReadsNothingBehindTheTag) {
+  const std::string tag = "\"4k3/8/8/8/8/8/8/4K3 b KQkq h6 17 305\"";
+  for (std::size_t size = 0; size <= tag.size(); ++size) {
+    PgnGame inside;
+    PgnGame alone;
+    EXPECT_EQ(inside.parseFen(std::string_view(tag).substr(0, size)), alone.parseFen(tag.substr(0, size)));
+    EXPECT_EQ(described(inside), described(alone)) << size;
   }
 }
 
@@ -44,8 +71,7 @@ TEST(FenParser, RefusesAllButOneKingASide) {
 
 PgnGame gameOf(const std::string& tokens) {
   PgnGame game;
-  std::istringstream text(tokens);
-  for (std::string token; text >> token;) game.tokens.append(token);
+  game.tokens = tokensOf(tokens);
   return game;
 }
 
@@ -53,8 +79,11 @@ PgnGame gameOf(const std::string& tokens) {
 std::string decoded(const std::string& tokens) {
   PgnGame game = gameOf(tokens);
   std::string digits;
-  for (std::int32_t v[6]; game.nextMove(v[0], v[1], v[2], v[3], v[4], v[5]);)
-    for (const std::int32_t value : v) digits += std::to_string(value);
+  for (DecodedMove move; game.nextMove(move);) {
+    for (const std::int32_t value :
+         {move.fromRank, move.fromFile, move.toRank, move.toFile, std::int32_t{move.kind}, move.promotion})
+      digits += std::to_string(value);
+  }
   return digits;
 }
 
@@ -80,4 +109,5 @@ TEST(GameResult, LastWholeMarkDecides) {
   for (const auto& [tokens, result] : lines) EXPECT_EQ(gameOf(tokens).result(), result) << tokens;
 }
 
+}  // namespace
 }  // namespace quorvane

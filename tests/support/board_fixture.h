@@ -10,7 +10,11 @@
 
 #include "board/hash_state.h"
 #include "board/piece.h"
+#include "board/ring.h"
+#include "board/square_name.h"
 #include "learning/learner.h"
+#include "support/board_laws.h"
+#include "support/token_list.h"
 
 namespace quorvane {
 
@@ -29,17 +33,7 @@ class BoardTest : public testing::Test, protected Learner {
     for (const auto& bucket : hashState->repetitionCounts) EXPECT_EQ(std::ranges::count(bucket, 0), 4);
   }
 
-  void expectInvariants() {
-    std::int32_t standing = 0;
-    for (Piece* const king : kings) {
-      forEachInRing(king, [&](const Piece& piece) {
-        ++standing;
-        EXPECT_TRUE(stands(&piece) && pieceById[piece.id] == &piece && piece.side == king->side);
-        EXPECT_TRUE(piece.next->prev == &piece && (piece.kind == kingKind || piece.id < piece.next->id));
-      });
-    }
-    EXPECT_EQ(std::ranges::count(board, pieceById[emptySquareId]), squareCount + 1 - standing);
-  }
+  static void expectInvariants() { EXPECT_STREQ(BoardLaws::brokenByPieces(), nullptr); }
 
   // A FEN up to the side to move.
   void setUp(const std::string& fen) {
@@ -51,63 +45,40 @@ class BoardTest : public testing::Test, protected Learner {
   // Tokens between blanks, up to the first that is refused; true if none is.
   bool play(const std::string& tokens) {
     PgnGame game;
-    std::istringstream text(tokens);
-    for (std::string token; text >> token;) game.tokens.append(token);
-    std::int32_t v[6];
-    while (game.nextMove(v[0], v[1], v[2], v[3], v[4], v[5]))
-      if (!playGameMove(v[0], v[1], v[2], v[3], v[4], v[5])) return false;
+    game.tokens = tokensOf(tokens);
+    for (DecodedMove move; game.nextMove(move);)
+      if (!playGameMove(move)) return false;
     return true;
   }
 
   bool makeIfLegal(const MoveRecord& move) {
     currentMove = move;
     makeMove();
-    const bool legal = !kings[1 - currentMove.sideToMove]->isAttacked();
+    const bool legal = !kings[opponent(currentMove.sideToMove)]->isAttacked();
     if (!legal) unmakeMove();
     return legal;
   }
 
   Piece& at(const std::string& square) { return *board[squareAt(square[1] - '1', square[0] - 'a')]; }
-  bool stands(const Piece* piece) { return piece != nullptr && board[piece->square] == piece; }
-
-  std::vector<MoveRecord> generated(Piece& piece) {
-    MoveList list{moveBuffer, 0};
-    activeMoveList = &list;
-    EXPECT_EQ(piece.generateMoves(), list.count);
-    return {moveBuffer, list.cursor};
-  }
 
   // The destinations of a piece in the order of generation.
   std::string moves(const std::string& square) {
     std::string text;
-    for (const MoveRecord& move : generated(at(square)))
-      text += {' ', static_cast<char>('a' + fileOf(move.to)), static_cast<char>('1' + rankOf(move.to))};
+    for (const MoveRecord& move : BoardLaws::generated(at(square)))
+      text.append(" ").append(squareName(move.to));
     return text;
   }
 
   // Pseudo-legal moves, with the promotions that are not generated.
   std::vector<MoveRecord> allMoves() {
     std::vector<MoveRecord> all;
-    forEachInRing(kings[currentMove.sideToMove], [&](Piece& piece) {
-      for (const MoveRecord& move : generated(piece)) {
+    for (Piece& piece : Ring(kings[currentMove.sideToMove])) {
+      for (const MoveRecord& move : BoardLaws::generated(piece)) {
         all.push_back(move);
         if (move.kind != promoteToKnight) continue;
         for (const MoveKind kind : {promoteToBishop, promoteToRook}) all.emplace_back(move).kind = kind;
       }
-    });
-    return all;
-  }
-
-  // What taking a move back has to restore.
-  std::vector<std::int64_t> state() {
-    std::vector<std::int64_t> all = {currentMove.sideToMove, enPassantSquare,      history->depth,
-                                     *hashState->lockTop,    *hashState->indexTop, *hashState->slotTop};
-    for (const Piece* piece : board) {
-      const bool castled = piece->kind == kingKind && static_cast<const King*>(piece)->castled;
-      all.insert(all.end(),
-                 {piece->id, piece->kind, piece->moveCount, piece->prev->id, piece->next->id, castled});
     }
-    for (const auto& bucket : hashState->repetitionCounts) all.insert(all.end(), bucket, bucket + 4);
     return all;
   }
 
@@ -118,7 +89,7 @@ class BoardTest : public testing::Test, protected Learner {
       for (const char* fen : {"r3k2r/p1ppqpb1/bn2pnp1/3PN3/1p2P3/2N2Q1p/PPPBBPPP/R3K2R w",
                               "4k3/p1p1p1p1/8/1P1P1P1P/1p1p1p1p/8/P1P1P1P1/4K3 w"}) {
         setUp(fen);
-        const std::vector<std::int64_t> start = state();
+        const std::vector<std::uint64_t> start = BoardLaws::state();
         std::vector<MoveRecord> all;
         do {
           visit();
@@ -127,7 +98,7 @@ class BoardTest : public testing::Test, protected Learner {
         } while (history->depth < 100 &&
                  std::ranges::any_of(all, [&](auto& move) { return makeIfLegal(move); }));
         while (history->depth > 0) unmakeMove();
-        EXPECT_EQ(state(), start);
+        EXPECT_EQ(BoardLaws::state(), start);
       }
     }
   }

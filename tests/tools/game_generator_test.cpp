@@ -2,12 +2,13 @@
 
 #include <gtest/gtest.h>
 
-#include <fstream>
-
 #include "board/piece.h"
-#include "learning/learner.h"
+#include "pgn/pgn_database.h"
+#include "support/files.h"
+#include "support/temporary_folder.h"
 
 namespace quorvane {
+namespace {
 
 struct Position : public Board {
   Position() : text(std::to_string(history->depth)) {
@@ -27,22 +28,21 @@ TEST(GameGenerator, GivesTheSameBytesForASeed) {
 
 TEST(GameGenerator, WritesMovesThatReplayToTheSamePosition) {
   GameGenerator generator(1);
-  const std::string name = testing::TempDir() + "generated.pgn";
+  const TemporaryFolder folder;
   for (int round = 1; round <= 200; ++round) {
     const std::string pgn = round % 2 == 0 ? generator.nextGame() : generator.nextEnding();
     const std::string played = Position().text;
-    std::ofstream(name) << pgn;
+    writeFile("generated.pgn", pgn);
     PgnDatabase database;
-    database.load(name);
+    database.load("generated.pgn");
     PgnGame& game = *database.game(0);
-    Learner::setupPosition(game.placement, game.sideToMove);
-    std::int32_t values[6];
-    while (game.nextMove(values[0], values[1], values[2], values[3], values[4], values[5]))
-      Board::playGameMove(values[0], values[1], values[2], values[3], values[4], values[5]);
+    Board::setupPosition(game.placement, game.sideToMove);
+    for (DecodedMove move; game.nextMove(move);) Board::playGameMove(move);
     EXPECT_EQ(Position().text, played) << pgn;
     for (std::size_t begin = 0; begin < pgn.size(); begin = pgn.find('\n', begin) + 1)
       EXPECT_LT(pgn.find('\n', begin) - begin, 80U) << pgn;
   }
 }
 
+}  // namespace
 }  // namespace quorvane

@@ -1,0 +1,213 @@
+#include "inspect/commands.h"
+
+#include <unistd.h>
+
+#include <filesystem>
+#include <fstream>
+#include <iostream>
+#include <limits>
+#include <optional>
+
+#include "inspect/bit_names.h"
+#include "inspect/calibration_file.h"
+#include "inspect/fault.h"
+#include "inspect/game_choice.h"
+#include "inspect/html_report.h"
+#include "inspect/json_output.h"
+#include "inspect/network_reader.h"
+#include "inspect/output_target.h"
+#include "inspect/page_data.h"
+#include "inspect/position.h"
+#include "inspect/text_output.h"
+
+namespace quorvane::inspect {
+
+namespace {
+
+constexpr std::size_t gamesOfPage = 20;
+
+void print(const std::string& text) {
+  std::cout << text << std::flush;
+  if (!std::cout) throw Fault("standard output", "cannot be written");
+}
+
+// What is no result, and must not get into one.
+void note(const std::string& text) {
+  std::cerr << "quorvane-inspect: " << text << '\n';
+}
+
+void printProgress(const std::string& file, std::int32_t done, std::int32_t games) {
+  constexpr std::int64_t width = 40;
+  const auto filled = [&](std::int32_t count) { return static_cast<std::size_t>(count * width / games); };
+  if (done > 1 && filled(done) == filled(done - 1)) return;
+  std::cerr << "\r[" << std::string(filled(done), '#') << std::string(width - filled(done), ' ') << "] "
+            << file;
+  if (done == games) std::cerr << "\r\033[K";
+  std::cerr << std::flush;
+}
+
+// One line that grows, for people only.
+ShowProgress progress() {
+  if (isatty(STDERR_FILENO) == 1) return printProgress;
+  return [](auto&&...) {};
+}
+
+std::vector<std::string> inputsOf(const Arguments& arguments) {
+  std::vector<std::string> inputs = arguments.files;
+  inputs.push_back(arguments.network);
+  return inputs;
+}
+
+// The calibration of the network table: the file named, or else the one beside the network, if there is one.
+std::optional<Calibration> findCalibration(const std::string& named, const std::string& network) {
+  const std::string fingerprint = fingerprintOf(networkTable);
+  if (!named.empty()) return readCalibration(named, fingerprint);
+  const std::string beside = defaultCalibrationFile(network);
+  if (!std::filesystem::exists(beside)) return {};
+  try {
+    return readCalibration(beside, fingerprint);
+  } catch (const Fault& fault) {
+    note(std::string(fault.what()) + ", and is not used");
+    return {};
+  }
+}
+
+std::string howToCalibrate(const std::string& network) {
+  const std::string option = network == networkFileName ? "" : " --network " + network;
+  return "quorvane-inspect validate GAMES.pgn" + option + " --calibration " + defaultCalibrationFile(network);
+}
+
+const Calibration* pointerTo(const std::optional<Calibration>& calibration) {
+  return calibration ? &*calibration : nullptr;
+}
+
+Position::Rules rulesOf(const Arguments& arguments) {
+  return arguments.lenient ? Position::Rules::lenient : Position::Rules::chess;
+}
+
+// A line of JSON for each line of the input. Throws at the end if any was refused.
+void explainLines(std::istream& input, const Arguments& arguments, const Calibration* calibration) {
+  std::size_t lines = 0;
+  std::size_t refused = 0;
+  for (std::string fen; std::getline(input, fen); ++lines) {
+    if (fen.ends_with('\r')) fen.pop_back();
+    Json json;
+    try {
+      Position::setFen(fen, rulesOf(arguments));
+      json = valueJson(fen, explainPosition(), calibration);
+    } catch (const Fault& fault) {
+      json = {{"fen", fen}, {"error", fault.what()}};
+      ++refused;
+    }
+    print(textOf(json, false));
+  }
+  if (refused != 0) {
+    throw Fault(arguments.fens == "-" ? "standard input" : arguments.fens,
+                std::to_string(refused) + " of " + std::to_string(lines) + " lines are no chess positions");
+  }
+}
+
+void explainAll(const Arguments& arguments, const Calibration* calibration) {
+  if (arguments.fens == "-") return explainLines(std::cin, arguments, calibration);
+  std::ifstream file(arguments.fens);
+  if (!file || std::filesystem::is_directory(arguments.fens)) throw Fault(arguments.fens, "cannot be opened");
+  explainLines(file, arguments, calibration);
+}
+
+Contender contend(const std::string& network, const std::vector<std::string>& files) {
+  networkTable = readNetwork(network);
+  Contender contender{network, validateOn(files, progress()), {}};
+  contender.curves = calibrate(network, networkTable, contender.validation);
+  return contender;
+}
+
+void noteWritten(const std::string& file) {
+  std::error_code error;
+  const auto size = std::filesystem::file_size(file, error);
+  note("wrote " + file + (error ? "" : ", " + std::to_string((size + 1023) / 1024) + " KB"));
+}
+
+}  // namespace
+
+void runShow(const Arguments& arguments) {
+  networkTable = readNetwork(arguments.network);
+  Selection selection{arguments.type, {}};
+  for (std::int32_t kind = 0; kind < pieceKindCount; ++kind) {
+    if (arguments.kind == kindName(kind)) selection.kind = kind;
+  }
+  const std::vector<ListSummary> lists = summarise(networkTable, selection);
+  print(arguments.json ? textOf(showJson(arguments.network, lists, arguments.top))
+                       : showText(lists, arguments.top));
+}
+
+void runExplain(const Arguments& arguments) {
+  networkTable = readNetwork(arguments.network);
+  const std::optional<Calibration> calibration = findCalibration(arguments.calibration, arguments.network);
+  const Position position;
+  if (!arguments.fens.empty()) return explainAll(arguments, pointerTo(calibration));
+  const Origin origin = arguments.gameFile.empty()
+                            ? Position::setFen(arguments.fen, rulesOf(arguments))
+                            : Position::setGame(arguments.gameFile, arguments.game, arguments.ply);
+  const Explanation explanation = explainPosition();
+  constexpr auto everything = std::numeric_limits<std::size_t>::max();
+  if (arguments.json) {
+    return print(textOf(explainJson(arguments.network, origin, explanation, pointerTo(calibration),
+                                    arguments.topOfPiece.value_or(everything))));
+  }
+  print(explainText(origin, explanation, pointerTo(calibration),
+                    arguments.all ? everything : arguments.topOfPiece, howToCalibrate(arguments.network)));
+}
+
+void runValidate(const Arguments& arguments) {
+  const bool writes = !arguments.calibration.empty();
+  if (writes) refuseHarm(arguments.calibration, inputsOf(arguments), calibrationMarker, "calibration");
+  networkTable = readNetwork(arguments.network);
+  std::optional<Calibration> curves;
+  if (!writes) curves = findCalibration(arguments.curves, arguments.network);
+  const Validation validation = validateOn(arguments.files, progress());
+  std::string curvesFrom = "curves fitted on these very games";
+  if (curves) {
+    curvesFrom = "the curves of ";
+    curvesFrom += arguments.curves.empty() ? defaultCalibrationFile(arguments.network) : arguments.curves;
+  } else {
+    curves = calibrate(arguments.network, networkTable, validation);
+  }
+  const Judgement judgement = judge(validation, *curves);
+  print(arguments.json ? textOf(validateJson(arguments.network, validation, judgement))
+                       : validateText(validation, judgement, curvesFrom));
+  if (!writes) return;
+  writeReport(arguments.calibration, textOf(calibrationJson(*curves)));
+  noteWritten(arguments.calibration);
+}
+
+void runCompare(const Arguments& arguments) {
+  const Contender first = contend(arguments.network, arguments.files);
+  const Contender second = contend(arguments.otherNetwork, arguments.files);
+  const Comparison comparison = compare(first, second);
+  print(arguments.json ? textOf(compareJson(first, second, comparison))
+                       : compareText(first, second, comparison));
+}
+
+void runGames(const Arguments& arguments) {
+  std::vector<FileReport> reports;
+  for (const std::string& file : arguments.files) reports.push_back(reportGames(file, progress()));
+  print(arguments.json ? textOf(gamesJson(reports)) : gamesText(reports));
+}
+
+void runReport(const Arguments& arguments) {
+  std::vector<std::string> inputs = inputsOf(arguments);
+  if (!arguments.calibration.empty()) inputs.push_back(arguments.calibration);
+  refuseHarm(arguments.page, inputs, pageMarker, "page");
+  networkTable = readNetwork(arguments.network);
+  PageInput input{arguments.network, arguments.learnedFrom, {}, {}, {}};
+  input.calibration = findCalibration(arguments.calibration, arguments.network);
+  if (!arguments.files.empty()) {
+    const Validation& validation = input.validation.emplace(validateOn(arguments.files, progress()));
+    if (!input.calibration) input.calibration = calibrate(arguments.network, networkTable, validation);
+    input.games = followGames(validation.files, chooseGames(validation, *input.calibration, gamesOfPage));
+  }
+  writeReport(arguments.page, reportPage(pageData(input, networkTable)));
+  noteWritten(arguments.page);
+}
+
+}  // namespace quorvane::inspect

@@ -1,0 +1,37 @@
+#ifndef QUORVANE_LEARNING_FIT_CONFIGURATION_TABLE_H_
+#define QUORVANE_LEARNING_FIT_CONFIGURATION_TABLE_H_
+
+#include <cstdint>
+#include <span>
+#include <vector>
+
+#include "board/table.h"
+#include "configurations/piece_configuration.h"
+#include "learning/fit/word_table.h"
+
+namespace quorvane {
+
+// Numbers different configurations 0, 1, 2, ... in the order in which they first come.
+class ConfigurationTable {
+ public:
+  // What no configuration has for its number: there are fewer than 2^32 - 1 different ones.
+  static constexpr std::uint32_t noNumber = 0xffffffff;
+
+  // The numbers of those of a list, of at most 32, that `wanted` tells by a bit each; the others stay.
+  void numberAll(std::span<const PieceConfiguration> list, std::uint32_t wanted, std::uint32_t* numbers);
+
+  const PieceConfiguration& operator[](std::uint32_t number) const { return configurations[number]; }
+  std::size_t size() const { return configurations.size(); }
+
+ private:
+  std::uint32_t numberOf(const PieceConfiguration& configuration);
+
+  using Words = WordTable<std::uint32_t, noNumber>;
+
+  std::vector<PieceConfiguration> configurations;
+  Table<Words, pieceKindCount> wordsByKind;
+};
+
+}  // namespace quorvane
+
+#endif  // QUORVANE_LEARNING_FIT_CONFIGURATION_TABLE_H_

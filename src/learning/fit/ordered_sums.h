@@ -1,0 +1,19 @@
+#ifndef QUORVANE_LEARNING_FIT_ORDERED_SUMS_H_
+#define QUORVANE_LEARNING_FIT_ORDERED_SUMS_H_
+
+#include <span>
+
+#include "learning/fit/firing_matrix.h"
+#include "network/pattern_node.h"
+
+namespace quorvane {
+
+// byPlace[w] = the sum of the weights of the nodes that fire on word w, in the order of the list, rounded to
+// double at each addition: to the last bit what a walk over the list gives. `matrix` is that of the list and
+// the words.
+void sumWeightsInOrder(const NodeList& list, std::span<const PlacedWord> words, const FiringMatrix& matrix,
+                       std::span<double> byPlace);
+
+}  // namespace quorvane
+
+#endif  // QUORVANE_LEARNING_FIT_ORDERED_SUMS_H_

@@ -1,0 +1,89 @@
+#include "network/strict_network.h"
+
+#include <bit>
+#include <cmath>
+#include <cstdint>
+#include <string>
+
+#include "board/kind_name.h"
+#include "network/network_file.h"
+
+namespace quorvane {
+
+namespace {
+
+std::string textOf(const NetworkFlaw& flaw) {
+  const std::string value = std::to_string(flaw.value);
+  switch (flaw.kind) {
+    case NetworkFlaw::wrongVersion:
+      return "is no network file of version " + std::to_string(networkFileVersion);
+    case NetworkFlaw::noVersion:
+    case NetworkFlaw::cutShort:
+      return "is cut short at byte " + value;
+    case NetworkFlaw::unknownCode:
+      return "holds a control record of the unknown code " + value;
+    case NetworkFlaw::unknownKind:
+      return "selects the piece kind " + value + ", which does not exist";
+    case NetworkFlaw::unknownType:
+      return "selects the position type " + value + ", which does not exist";
+    case NetworkFlaw::none:
+      break;
+  }
+  return "";
+}
+
+// What is wrong with a node, if anything; `limit` is how many nodes its subtree may have, and every bit of
+// `below` must be lower than the one that it adds to its parent's mask.
+const char* wrongOf(const PatternNode& node, ConfigurationWord parent, ConfigurationWord below,
+                    std::size_t limit) {
+  const ConfigurationWord added = node.mask & ~parent;
+  if ((node.mask & parent) != parent || !std::has_single_bit(added)) {
+    return "does not add one bit to the pattern that it extends";
+  }
+  if (added < below) return "stands out of order";
+  if (node.skip < 1 || static_cast<std::size_t>(node.skip) > limit)
+    return "claims extensions that are not there";
+  return std::isfinite(node.weight) ? nullptr : "has a weight that is no finite number";
+}
+
+// Checks the nodes from `begin` to `end`, all of which extend `parent`; gives the bits that the topmost add.
+template <typename Complain>
+ConfigurationWord checkForest(const NodeList& list, std::size_t begin, std::size_t end,
+                              ConfigurationWord parent, const Complain& complain) {
+  ConfigurationWord added = 0;
+  std::size_t at = begin;
+  while (at < end) {
+    const PatternNode& node = list[at];
+    const char* wrong = wrongOf(node, parent, parent | added, end - at);
+    if (wrong != nullptr) complain(at, wrong);
+    const std::size_t next = at + static_cast<std::size_t>(node.skip);
+    const ConfigurationWord ofChildren = checkForest(list, at + 1, next, node.mask, complain);
+    if (ofChildren != node.childBits) complain(at, "names other bits than its extensions add");
+    added |= node.mask & ~parent;
+    at = next;
+  }
+  return added;
+}
+
+}  // namespace
+
+NetworkTable readStrictly(std::istream& file) {
+  NetworkTable table;
+  const NetworkFlaw flaw = decodeNetwork(file, table);
+  if (flaw.kind != NetworkFlaw::none) throw DamagedNetwork(textOf(flaw));
+  if (file.peek() != std::istream::traits_type::eof()) {
+    throw DamagedNetwork("goes on behind its end record");
+  }
+  for (PositionType type = 0; type < positionTypeCount; ++type) {
+    for (std::int32_t kind = 0; kind < pieceKindCount; ++kind) {
+      const NodeList& list = table[type][kind];
+      checkForest(list, 0, list.size(), 0, [&](std::size_t index, const char* wrong) {
+        throw DamagedNetwork("is damaged: " + std::string(kindName(kind)) + " pattern " +
+                             std::to_string(index + 1) + " of type " + std::to_string(type) + " " + wrong);
+      });
+    }
+  }
+  return table;
+}
+
+}  // namespace quorvane

@@ -1,0 +1,24 @@
+#ifndef QUORVANE_NETWORK_STRICT_NETWORK_H_
+#define QUORVANE_NETWORK_STRICT_NETWORK_H_
+
+#include <istream>
+#include <stdexcept>
+
+#include "network/network_table.h"
+
+namespace quorvane {
+
+// What was read is no network. The text is one line, a sentence without the file, which is its subject: "is
+// cut short at byte 20".
+class DamagedNetwork : public std::runtime_error {
+  using std::runtime_error::runtime_error;
+};
+
+// Reads a network file whole, for those who rely on it; stricter than the utility, which takes what it can
+// use. Throws DamagedNetwork if it is something else, is cut short or goes on behind its end record, or if a
+// list is no forest of patterns in preorder with finite weights.
+NetworkTable readStrictly(std::istream& file);
+
+}  // namespace quorvane
+
+#endif  // QUORVANE_NETWORK_STRICT_NETWORK_H_

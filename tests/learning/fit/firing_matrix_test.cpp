@@ -1,0 +1,140 @@
+#include "learning/fit/firing_matrix.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <bit>
+#include <cmath>
+#include <limits>
+#include <random>
+
+#include "learning/fit/ordered_sums.h"
+
+namespace quorvane {
+namespace {
+
+// A list of random patterns of one to three bits, in preorder as the search leaves them, and different random words.
+struct Problem {
+  // Patterns hold no bits but `patternBits`.
+  Problem(std::uint32_t seed, ConfigurationWord patternBits) : random(seed) {
+    addPatterns(patternBits, 0, 0);
+    std::vector<ConfigurationWord> different;
+    for (int i = 0; i < 400; ++i) different.push_back(static_cast<ConfigurationWord>(random() & random()));
+    different.push_back(0);
+    std::ranges::sort(different);
+    different.erase(std::unique(different.begin(), different.end()), different.end());
+    // Places in no order, with gaps.
+    std::vector<std::uint32_t> places(2 * different.size());
+    for (std::uint32_t place = 0; place < places.size(); ++place) places[place] = place;
+    std::ranges::shuffle(places, random);
+    for (std::size_t i = 0; i < different.size(); ++i) words.push_back({different[i], places[i]});
+    FiringMatrix::sort(words);
+  }
+
+  void addPatterns(ConfigurationWord bits, ConfigurationWord parent, std::int32_t depth) {
+    for (std::int32_t bit = 0; bit < 32; ++bit) {
+      const ConfigurationWord added = ConfigurationWord{1} << bit;
+      if ((bits & added) == 0 || added <= parent || random() % (depth == 0 ? 2 : 4) != 0) continue;
+      const std::size_t index = list.size();
+      list.push_back({});
+      list[index].mask = parent | added;
+      if (depth < 2) addPatterns(bits, list[index].mask, depth + 1);
+      list[index].skip = static_cast<std::int32_t>(list.size() - index);
+      if (depth < 2) {
+        for (std::size_t child = index + 1; child < list.size();
+             child += static_cast<std::size_t>(list[child].skip))
+          list[index].childBits |= list[child].mask & ~list[index].mask;
+      }
+    }
+  }
+
+  std::mt19937 random;
+  NodeList list;
+  std::vector<PlacedWord> words;
+};
+
+constexpr ConfigurationWord lowHalf = 0x1ffff;
+
+TEST(FiringMatrix, ProductsAreThoseOfEveryPatternOnEveryWord) {
+  for (const ConfigurationWord bits :
+       {~ConfigurationWord{0}, ~lowHalf, lowHalf, ConfigurationWord{0x3c0f0}, 0U}) {
+    Problem problem(bits ^ 5, bits);
+    const FiringMatrix matrix(problem.list, problem.words);
+    std::vector<double> byNode;
+    for (std::size_t node = 0; node < problem.list.size(); ++node)
+      byNode.push_back(1.0 + static_cast<double>(node * node % 101));
+    std::vector<double> byPlace(2 * problem.words.size(), -1.0);
+    matrix.sumNodes(byNode, byPlace);
+    std::vector<double> backNode(byNode.size(), 7.0);
+    std::vector<double> expectedBack = backNode;
+    std::vector<double> amounts(byPlace.size());
+    for (std::size_t place = 0; place < amounts.size(); ++place)
+      amounts[place] = static_cast<double>(place % 13);
+    matrix.addWords(amounts, backNode);
+    std::vector<double> expected(byPlace.size(), -1.0);
+    for (const auto& [word, place] : problem.words) {
+      expected[place] = 0.0;
+      for (std::size_t node = 0; node < byNode.size(); ++node) {
+        if ((word & problem.list[node].mask) != problem.list[node].mask) continue;
+        expected[place] += byNode[node];
+        expectedBack[node] += amounts[place];
+      }
+    }
+    EXPECT_EQ(byPlace, expected) << bits;  // whole numbers: exact in any order
+    EXPECT_EQ(backNode, expectedBack) << bits;
+  }
+}
+
+void expectWalks(const Problem& problem) {
+  const FiringMatrix matrix(problem.list, problem.words);
+  std::vector<double> sums(2 * problem.words.size());
+  sumWeightsInOrder(problem.list, problem.words, matrix, sums);
+  for (const auto& [word, place] : problem.words) {
+    double walk = 0.0;
+    for (const PatternNode& node : problem.list) {
+      if ((word & node.mask) == node.mask) walk += static_cast<double>(node.weight);
+    }
+    const bool bothNotNumbers = std::isnan(walk) && std::isnan(sums[place]);
+    ASSERT_TRUE(bothNotNumbers ||
+                std::bit_cast<std::uint64_t>(sums[place]) == std::bit_cast<std::uint64_t>(walk))
+        << std::hex << word;
+  }
+}
+
+// 1 + 2^-53 + 2^-53 is exactly 1 in list order, and more in any other.
+TEST(OrderedSums, OrderShowsWithFiniteWeights) {
+  NodeList list(3);
+  const float tiny = std::ldexp(1.0F, -53);
+  for (std::size_t node = 0; node < 3; ++node) {
+    list[node].mask = ConfigurationWord{1} << node;
+    list[node].skip = 1;
+    list[node].weight = node == 0 ? 1.0F : tiny;
+  }
+  const std::vector<PlacedWord> words{{7, 0}};
+  std::vector<double> sums(1);
+  sumWeightsInOrder(list, words, FiringMatrix(list, words), sums);
+  EXPECT_EQ(sums[0], 1.0);
+}
+
+TEST(OrderedSums, AreThoseOfTheWalkWhateverTheWeights) {
+  for (std::uint32_t seed = 1; seed <= 60; ++seed) {
+    Problem problem(seed, ~ConfigurationWord{0});
+    // From weights on one grid, whose sums are exact in any order, to weights over 64 powers of two.
+    const auto powers = static_cast<std::int32_t>(seed % 65);
+    for (PatternNode& node : problem.list) {
+      const auto units = static_cast<float>(static_cast<std::int32_t>(problem.random() % 4001) - 2000);
+      node.weight =
+          std::ldexp(units, -8 - (powers == 0 ? 0 : static_cast<std::int32_t>(problem.random()) % powers));
+    }
+    expectWalks(problem);
+    problem.list[problem.list.size() / 2].weight = std::numeric_limits<float>::denorm_min();
+    expectWalks(problem);
+    problem.list.front().weight = std::numeric_limits<float>::infinity();
+    expectWalks(problem);
+    problem.list.back().weight = -std::numeric_limits<float>::infinity();
+    expectWalks(problem);
+  }
+}
+
+}  // namespace
+}  // namespace quorvane
