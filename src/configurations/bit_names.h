@@ -1,5 +1,5 @@
-#ifndef QUORVANE_INSPECT_BIT_NAMES_H_
-#define QUORVANE_INSPECT_BIT_NAMES_H_
+#ifndef QUORVANE_CONFIGURATIONS_BIT_NAMES_H_
+#define QUORVANE_CONFIGURATIONS_BIT_NAMES_H_
 
 #include <cstdint>
 #include <string>
@@ -8,7 +8,7 @@
 #include "board/kind_name.h"
 #include "board/types.h"
 
-namespace quorvane::inspect {
+namespace quorvane {
 
 // What a position type is, in a few words.
 const char* typeName(PositionType type);
@@ -31,6 +31,6 @@ std::string patternName(PositionType type, std::int32_t kind, ConfigurationWord 
 // The bits that every piece of `kind` has, whatever the position.
 ConfigurationWord alwaysHolds(std::int32_t kind);
 
-}  // namespace quorvane::inspect
+}  // namespace quorvane
 
-#endif  // QUORVANE_INSPECT_BIT_NAMES_H_
+#endif  // QUORVANE_CONFIGURATIONS_BIT_NAMES_H_
