@@ -161,9 +161,14 @@ const char* typeName(PositionType type) {
   return names[type];
 }
 
-std::string bitName(PositionType type, std::int32_t kind, ConfigurationWord bit) {
+const char* featureName(PositionType type, std::int32_t kind, ConfigurationWord bit) {
   const Name* const name = nameOf(type, kind, bit);
-  return name != nullptr ? name->words : "never set (bit " + std::to_string(std::countr_zero(bit)) + ")";
+  return name != nullptr ? name->words : nullptr;
+}
+
+std::string bitName(PositionType type, std::int32_t kind, ConfigurationWord bit) {
+  const char* const name = featureName(type, kind, bit);
+  return name != nullptr ? name : "never set (bit " + std::to_string(std::countr_zero(bit)) + ")";
 }
 
 std::string bitIdentifier(PositionType type, std::int32_t kind, ConfigurationWord bit) {

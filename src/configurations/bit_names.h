@@ -14,7 +14,9 @@ namespace quorvane {
 const char* typeName(PositionType type);
 
 // What one bit means in the word of a piece of `kind`, in plain words. In a pawn ending some bits of pawns mean
-// something else, hence the type. A bit that no such piece ever has gets "never set (bit 9)".
+// something else, hence the type. nullptr for a bit that no such piece ever has.
+const char* featureName(PositionType type, std::int32_t kind, ConfigurationWord bit);
+// The same; a bit that no such piece ever has gets "never set (bit 9)".
 std::string bitName(PositionType type, std::int32_t kind, ConfigurationWord bit);
 
 // The name for programs, "attackedByKnight": that of configuration_word.h with its number behind it, in one word.

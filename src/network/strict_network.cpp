@@ -3,7 +3,9 @@
 #include <bit>
 #include <cmath>
 #include <cstdint>
-#include <string>
+#include <filesystem>
+#include <fstream>
+#include <system_error>
 
 #include "board/kind_name.h"
 #include "network/network_file.h"
@@ -84,6 +86,15 @@ NetworkTable readStrictly(std::istream& file) {
     }
   }
   return table;
+}
+
+NetworkTable readStrictly(const std::string& name) {
+  const std::filesystem::path path(std::u8string(name.begin(), name.end()));
+  std::error_code error;
+  if (std::filesystem::is_directory(path, error)) throw DamagedNetwork("is a folder");
+  std::ifstream file(path, std::ios::binary);
+  if (!file) throw DamagedNetwork("cannot be opened");
+  return readStrictly(file);
 }
 
 }  // namespace quorvane
