@@ -1,24 +1,11 @@
 #include "configurations/configuration_pass.h"
 
-#include <cstdlib>
-
 #include "board/piece.h"
 #include "board/ring.h"
 #include "configurations/configuration_word.h"
+#include "configurations/relation_bits.h"
 
 namespace quorvane {
-
-namespace {
-
-// A side leads in material from here on, in thousandths of a pawn.
-constexpr std::int32_t materialMargin = 500;
-
-constexpr ConfigurationWord materialBit(std::int32_t balance) {
-  if (balance > materialMargin) return materialAhead;
-  return balance < -materialMargin ? materialBehind : 0;
-}
-
-}  // namespace
 
 void ConfigurationPass::computeConfigurations() {
   Piece* const movingKing = kings[currentMove.sideToMove];
@@ -64,11 +51,7 @@ void ConfigurationPass::computeConfigurations() {
     if (&piece != opposingKing) describe(piece, materialBit(-balance));
   }
 
-  const std::int32_t ranks = std::abs(rankOf(movingKing->square) - rankOf(opposingKing->square));
-  const std::int32_t files = std::abs(fileOf(movingKing->square) - fileOf(opposingKing->square));
-  ConfigurationWord distance = 0;
-  if (ranks <= 3) distance |= king_bits::rankDistance[ranks];
-  if (files <= 3) distance |= king_bits::fileDistance[files];
+  const ConfigurationWord distance = kingDistanceBits(movingKing->square, opposingKing->square);
   movingKing->configuration |= distance;
   opposingKing->configuration |= distance;
 }

@@ -2,6 +2,7 @@
 #include "board/reach_tables.h"
 #include "configurations/configuration_word.h"
 #include "configurations/place_bits.h"
+#include "configurations/relation_bits.h"
 
 namespace quorvane {
 
@@ -20,9 +21,7 @@ void King::addConfiguration() {
       piece.configuration |= attackedBy(kingKind);
     }
   }
-  if (pawnCount >= 2) configuration |= king_bits::twoOwnPawnsBeside;
-  if (freeCount <= 1) configuration |= king_bits::hardlyAnyFreeNeighbour;
-  configuration |= placeBits(kingKind, side, square);
+  configuration |= neighbourBits(freeCount, pawnCount) | placeBits(kingKind, side, square);
   if (castled) configuration |= king_bits::castled;
 }
 

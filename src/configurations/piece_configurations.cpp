@@ -1,25 +1,12 @@
 // Knight, bishop, rook and queen.
 
-#include <algorithm>
-#include <cstdlib>
-
 #include "board/piece.h"
 #include "board/reach_tables.h"
 #include "configurations/configuration_word.h"
 #include "configurations/place_bits.h"
+#include "configurations/relation_bits.h"
 
 namespace quorvane {
-
-namespace {
-
-std::int32_t rankDistance(const Piece& a, const Piece& b) {
-  return std::abs(rankOf(a.square) - rankOf(b.square));
-}
-std::int32_t fileDistance(const Piece& a, const Piece& b) {
-  return std::abs(fileOf(a.square) - fileOf(b.square));
-}
-
-}  // namespace
 
 // The empty square's piece describes nothing.
 void Piece::addConfiguration() {}
@@ -44,11 +31,7 @@ void Piece::addReachAlongRays(std::int32_t firstRay, std::int32_t endRay) {
 
 void Piece::addPlace(SquareSet freeSquares) {
   configuration |= placeBits(kind, side, square);
-  if ((freeSquares & *ownKingReach) != 0) configuration |= reachesBesideOwnKing;
-  const SquareSet besideEnemyKing = freeSquares & *enemyKingReach;
-  if (besideEnemyKing == 0) return;
-  const bool moreThanOne = (besideEnemyKing & (besideEnemyKing - 1)) != 0;
-  configuration |= moreThanOne ? reachesMoreBesideEnemyKing : reachesOneBesideEnemyKing;
+  configuration |= reachBits(freeSquares, *ownKingReach, *enemyKingReach);
 }
 
 void Knight::addConfiguration() {
@@ -69,22 +52,12 @@ void Bishop::addConfiguration() {
 
 void Rook::addConfiguration() {
   addReachAlongRays(firstStraightRay, rayCount);
-  const Piece& enemyKing = *kings[opponent(side)];
-  if (fileDistance(*this, enemyKing) <= 2) configuration |= rook_bits::enemyKingNearByFile;
-  if (rankDistance(*this, enemyKing) <= 2) configuration |= rook_bits::enemyKingNearByRank;
+  configuration |= rookBits(square, kings[opponent(side)]->square);
 }
 
 void Queen::addConfiguration() {
   addReachAlongRays(0, rayCount);
-  const Piece& enemyKing = *kings[opponent(side)];
-  const std::int32_t kingDistance = std::max(fileDistance(*this, enemyKing), rankDistance(*this, enemyKing));
-  if (kingDistance <= 2) {
-    configuration |= queen_bits::enemyKingWithin2;
-  } else if (kingDistance <= 4) {
-    configuration |= queen_bits::enemyKingWithin4;
-  } else if (kingDistance <= 6) {
-    configuration |= queen_bits::enemyKingWithin6;
-  }
+  configuration |= queenBits(square, kings[opponent(side)]->square);
 }
 
 }  // namespace quorvane

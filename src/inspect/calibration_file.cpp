@@ -3,7 +3,7 @@
 #include <cmath>
 #include <fstream>
 
-#include "inspect/bit_names.h"
+#include "configurations/bit_names.h"
 #include "inspect/fault.h"
 
 namespace quorvane::inspect {

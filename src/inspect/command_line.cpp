@@ -7,7 +7,7 @@
 #include <string_view>
 #include <vector>
 
-#include "inspect/bit_names.h"
+#include "configurations/bit_names.h"
 #include "inspect/commands.h"
 
 namespace quorvane::inspect {

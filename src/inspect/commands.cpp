@@ -8,7 +8,7 @@
 #include <limits>
 #include <optional>
 
-#include "inspect/bit_names.h"
+#include "configurations/bit_names.h"
 #include "inspect/calibration_file.h"
 #include "inspect/fault.h"
 #include "inspect/game_choice.h"

@@ -1,4 +1,4 @@
-#include "inspect/bit_names.h"
+#include "configurations/bit_names.h"
 #include "inspect/text_columns.h"
 #include "inspect/text_output.h"
 

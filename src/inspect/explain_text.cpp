@@ -2,7 +2,7 @@
 #include <cmath>
 
 #include "board/square_name.h"
-#include "inspect/bit_names.h"
+#include "configurations/bit_names.h"
 #include "inspect/text_columns.h"
 #include "inspect/text_output.h"
 

@@ -8,7 +8,7 @@
 
 #include "board/piece.h"
 #include "board/ring.h"
-#include "inspect/bit_names.h"
+#include "configurations/bit_names.h"
 #include "inspect/summary.h"
 #include "network/network.h"
 

@@ -4,7 +4,7 @@
 #include <charconv>
 
 #include "board/square_name.h"
-#include "inspect/bit_names.h"
+#include "configurations/bit_names.h"
 
 namespace quorvane::inspect {
 

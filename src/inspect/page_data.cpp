@@ -3,9 +3,10 @@
 #include <chrono>
 #include <filesystem>
 
+#include "configurations/bit_names.h"
 #include "configurations/configuration_word.h"
 #include "configurations/place_bits.h"
-#include "inspect/bit_names.h"
+#include "configurations/position_type.h"
 #include "inspect/calibration_file.h"
 #include "inspect/judgement.h"
 #include "network/network.h"
@@ -100,7 +101,7 @@ Json pageData(const PageInput& input, const NetworkTable& table) {
             {"learnedFrom", input.learnedFrom}};
   for (PositionType type = 0; type < positionTypeCount; ++type) {
     json["types"].push_back({{"type", type}, {"name", typeName(type)}});
-    if (!Network::isPawnEnding(type)) continue;
+    if (!isPawnEnding(type)) continue;
     json["pawnEndings"].push_back(type);
     json["pawnEndingBits"] = bitNamesJson(type, pawnKind);
   }

@@ -32,9 +32,6 @@ class Network : public ConfigurationPass {
   // pawnEnding and the row in use, and clears the caches if told to. Gives the type.
   PositionType classifyPosition(PositionType requested, bool clear);
 
-  // Is this a type of kings and pawns only, whose pawns have bits of their own?
-  static bool isPawnEnding(PositionType type);
-
   // The value of a sample under the row in use, through the caches. Added up in the order of the sample: a
   // word's own sum rounded to 32 bits where it comes out of a cache, unrounded where it goes in.
   double evaluate(const Sample& sample);

@@ -3,7 +3,9 @@
 #include <bit>
 #include <cmath>
 #include <cstdint>
-#include <string>
+#include <filesystem>
+#include <fstream>
+#include <system_error>
 
 #include "board/kind_name.h"
 #include "network/network_file.h"
@@ -33,14 +35,14 @@ std::string textOf(const NetworkFlaw& flaw) {
 }
 
 // What is wrong with a node, if anything; `limit` is how many nodes its subtree may have, and every bit of
-// `below` must be lower than the one that it adds to its parent's mask.
+// `below`, those of its parent and its earlier siblings, must be lower than the one that it adds.
 const char* wrongOf(const PatternNode& node, ConfigurationWord parent, ConfigurationWord below,
                     std::size_t limit) {
   const ConfigurationWord added = node.mask & ~parent;
   if ((node.mask & parent) != parent || !std::has_single_bit(added)) {
     return "does not add one bit to the pattern that it extends";
   }
-  if (added < below) return "stands out of order";
+  if (added <= below) return "stands out of order";
   if (node.skip < 1 || static_cast<std::size_t>(node.skip) > limit)
     return "claims extensions that are not there";
   return std::isfinite(node.weight) ? nullptr : "has a weight that is no finite number";
@@ -84,6 +86,15 @@ NetworkTable readStrictly(std::istream& file) {
     }
   }
   return table;
+}
+
+NetworkTable readStrictly(const std::string& name) {
+  const std::filesystem::path path(std::u8string(name.begin(), name.end()));
+  std::error_code error;
+  if (std::filesystem::is_directory(path, error)) throw DamagedNetwork("is a folder");
+  std::ifstream file(path, std::ios::binary);
+  if (!file) throw DamagedNetwork("cannot be opened");
+  return readStrictly(file);
 }
 
 }  // namespace quorvane

@@ -3,6 +3,7 @@
 
 #include <istream>
 #include <stdexcept>
+#include <string>
 
 #include "network/network_table.h"
 
@@ -18,6 +19,9 @@ class DamagedNetwork : public std::runtime_error {
 // use. Throws DamagedNetwork if it is something else, is cut short or goes on behind its end record, or if a
 // list is no forest of patterns in preorder with finite weights.
 NetworkTable readStrictly(std::istream& file);
+
+// The same of the file `name`, UTF-8; throws DamagedNetwork too if it "is a folder" or "cannot be opened".
+NetworkTable readStrictly(const std::string& name);
 
 }  // namespace quorvane
 

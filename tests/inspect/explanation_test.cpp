@@ -3,9 +3,9 @@
 #include <algorithm>
 #include <cmath>
 
+#include "configurations/bit_names.h"
 #include "configurations/configuration_word.h"
 #include "configurations/side_configurations.h"
-#include "inspect/bit_names.h"
 #include "inspect/fen_text.h"
 #include "inspect/inspect_fixture.h"
 #include "inspect/network_reader.h"

@@ -63,6 +63,7 @@ TEST(StrictNetwork, TellsWhatIsDamagedInOneLine) {
                {{1, 2, 0, weightOne, 2, 0, 2}, first + "claims extensions that are not there"},
                {{1, 2, 0, 0x7fc00000, 1, 0, 2}, first + "has a weight that is no finite number"},
                {{1, 4, 0, weightOne, 1, 2, 0, weightOne, 1, 0, 2}, unordered},
+               {{1, 4, 0, weightOne, 1, 4, 0, weightOne, 1, 0, 2}, unordered},
                {{1, 4, 2, weightOne, 2, 6, 0, weightOne, 1, 0, 2}, unordered},
                {{1, 0, 0, 3, 0, 1, 13, 2, 4, weightOne, 2, 12, 0, weightOne, 1, 0, 2},
                 "is damaged: rook pattern 2 of type 13 does not add one bit to the pattern that it extends"}};

@@ -1,5 +1,5 @@
-#ifndef QUORVANE_INSPECT_BIT_NAMES_H_
-#define QUORVANE_INSPECT_BIT_NAMES_H_
+#ifndef QUORVANE_CONFIGURATIONS_BIT_NAMES_H_
+#define QUORVANE_CONFIGURATIONS_BIT_NAMES_H_
 
 #include <cstdint>
 #include <string>
@@ -8,13 +8,15 @@
 #include "board/kind_name.h"
 #include "board/types.h"
 
-namespace quorvane::inspect {
+namespace quorvane {
 
 // What a position type is, in a few words.
 const char* typeName(PositionType type);
 
 // What one bit means in the word of a piece of `kind`, in plain words. In a pawn ending some bits of pawns mean
-// something else, hence the type. A bit that no such piece ever has gets "never set (bit 9)".
+// something else, hence the type. nullptr for a bit that no such piece ever has.
+const char* featureName(PositionType type, std::int32_t kind, ConfigurationWord bit);
+// The same; a bit that no such piece ever has gets "never set (bit 9)".
 std::string bitName(PositionType type, std::int32_t kind, ConfigurationWord bit);
 
 // The name for programs, "attackedByKnight": that of configuration_word.h with its number behind it, in one word.
@@ -31,6 +33,6 @@ std::string patternName(PositionType type, std::int32_t kind, ConfigurationWord 
 // The bits that every piece of `kind` has, whatever the position.
 ConfigurationWord alwaysHolds(std::int32_t kind);
 
-}  // namespace quorvane::inspect
+}  // namespace quorvane
 
-#endif  // QUORVANE_INSPECT_BIT_NAMES_H_
+#endif  // QUORVANE_CONFIGURATIONS_BIT_NAMES_H_

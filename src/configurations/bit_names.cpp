@@ -1,13 +1,13 @@
-#include "inspect/bit_names.h"
+#include "configurations/bit_names.h"
 
 #include <bit>
 #include <span>
 
 #include "board/table.h"
 #include "configurations/configuration_word.h"
-#include "network/network.h"
+#include "configurations/position_type.h"
 
-namespace quorvane::inspect {
+namespace quorvane {
 
 namespace {
 
@@ -121,8 +121,7 @@ using Names = std::span<const Name>;
 Table<Names, 4> namesOf(PositionType type, std::int32_t kind) {
   switch (kind) {
     case pawnKind:
-      return {
-          {Network::isPawnEnding(type) ? Names(ofPawnsInPawnEndings) : Names(), ofPawns, {}, ofEveryKind}};
+      return {{isPawnEnding(type) ? Names(ofPawnsInPawnEndings) : Names(), ofPawns, {}, ofEveryKind}};
     case knightKind:
     case bishopKind:
       return {{ofMinors, ofKnightToQueen, ofAllButPawns, ofEveryKind}};
@@ -162,9 +161,14 @@ const char* typeName(PositionType type) {
   return names[type];
 }
 
-std::string bitName(PositionType type, std::int32_t kind, ConfigurationWord bit) {
+const char* featureName(PositionType type, std::int32_t kind, ConfigurationWord bit) {
   const Name* const name = nameOf(type, kind, bit);
-  return name != nullptr ? name->words : "never set (bit " + std::to_string(std::countr_zero(bit)) + ")";
+  return name != nullptr ? name->words : nullptr;
+}
+
+std::string bitName(PositionType type, std::int32_t kind, ConfigurationWord bit) {
+  const char* const name = featureName(type, kind, bit);
+  return name != nullptr ? name : "never set (bit " + std::to_string(std::countr_zero(bit)) + ")";
 }
 
 std::string bitIdentifier(PositionType type, std::int32_t kind, ConfigurationWord bit) {
@@ -193,4 +197,4 @@ std::string patternName(PositionType type, std::int32_t kind, ConfigurationWord 
   return joined;
 }
 
-}  // namespace quorvane::inspect
+}  // namespace quorvane

@@ -1,0 +1,222 @@
+#include <algorithm>
+#include <cstring>
+#include <exception>
+#include <memory>
+#include <new>
+#include <string>
+#include <string_view>
+
+#include "configurations/bit_names.h"
+#include "evaluator/given_position.h"
+#include "evaluator/learned_network.h"
+#include "evaluator/word_cache.h"
+#include "network/strict_network.h"
+#include "quorvane/evaluator.h"
+
+using namespace quorvane;
+using namespace quorvane::evaluator;
+
+struct quorvane_network {
+  LearnedNetwork learned;
+};
+
+struct quorvane_cache {
+  WordCache words;
+};
+
+namespace {
+
+void putText(std::string_view text, char* place, std::size_t size) {
+  if (place == nullptr || size == 0) return;
+  const std::size_t length = std::min(text.size(), size - 1);
+  std::memcpy(place, text.data(), length);
+  place[length] = '\0';
+}
+
+// By the network's own patterns.
+auto valuesOf(const quorvane_network& network) {
+  return [&](PositionType type, std::int32_t kind, ConfigurationWord word) {
+    return network.learned.patterns(type, kind).valueOf(word);
+  };
+}
+auto valuesOf(quorvane_cache& cache) {
+  return [&](PositionType type, std::int32_t kind, ConfigurationWord word) {
+    return cache.words.valueOf(type, kind, word);
+  };
+}
+
+template <typename Source>
+int evaluateFrom(Source& source, const quorvane_position& position, double& value) {
+  PieceSets sets;
+  const quorvane_status status = readPosition(position, sets);
+  if (status == QUORVANE_OK) value = evaluate(sets, valuesOf(source));
+  return status;
+}
+
+template <typename Source>
+int evaluateFrom(Source& source, const char* fen, double& value) {
+  quorvane_position position;
+  const quorvane_status status = readFen(fen, position);
+  return status == QUORVANE_OK ? evaluateFrom(source, position, value) : status;
+}
+
+bool isType(int type) {
+  return type >= 0 && type < positionTypeCount;
+}
+
+}  // namespace
+
+const char* quorvane_version() noexcept {
+  return QUORVANE_VERSION;
+}
+
+const char* quorvane_status_text(int status) noexcept {
+  switch (status) {
+    case QUORVANE_OK:
+      return "nothing is wrong";
+    case QUORVANE_NULL_POINTER:
+      return "a pointer is null that may not be";
+    case QUORVANE_OUT_OF_MEMORY:
+      return "memory has run out";
+    case QUORVANE_FEN_BOARD:
+      return "the board of the FEN is not made of 8 ranks of 8 files";
+    case QUORVANE_FEN_SIDE:
+      return "the side to move of the FEN is neither w nor b";
+    case QUORVANE_FEN_CASTLING:
+      return "the castling field of the FEN is neither - nor made of letters such as KQkq";
+    case QUORVANE_FEN_EN_PASSANT:
+      return "the en passant field of the FEN is neither - nor a square";
+    case QUORVANE_PIECE_COUNT:
+      return "there are more than 16 pieces on a side, or their count is no number from 0 to 32";
+    case QUORVANE_PIECE_UNKNOWN:
+      return "a piece is none of the twelve";
+    case QUORVANE_SQUARE_RANGE:
+      return "a square is not on the board";
+    case QUORVANE_SQUARE_TAKEN:
+      return "two pieces stand on one square";
+    case QUORVANE_KING_COUNT:
+      return "a side does not have exactly one king";
+    case QUORVANE_PAWN_ON_LAST_RANK:
+      return "a pawn stands on its last rank";
+    case QUORVANE_SIDE_UNKNOWN:
+      return "the side to move is neither White nor Black";
+    default:
+      return "unknown status";
+  }
+}
+
+quorvane_network* quorvane_network_open(const char* path, char* error, size_t error_size) noexcept {
+  if (path == nullptr) {
+    putText(quorvane_status_text(QUORVANE_NULL_POINTER), error, error_size);
+    return nullptr;
+  }
+  try {
+    return new quorvane_network{LearnedNetwork(readStrictly(std::string(path)))};
+  } catch (const std::bad_alloc&) {
+    putText(quorvane_status_text(QUORVANE_OUT_OF_MEMORY), error, error_size);
+  } catch (const std::exception& fault) {
+    putText(fault.what(), error, error_size);
+  } catch (...) {
+    putText("cannot be read", error, error_size);
+  }
+  return nullptr;
+}
+
+void quorvane_network_close(quorvane_network* network) noexcept {
+  delete network;
+}
+
+int quorvane_network_knows(const quorvane_network* network, int type) noexcept {
+  return network != nullptr && isType(type) && network->learned.knows(type) ? 1 : 0;
+}
+
+quorvane_cache* quorvane_cache_new(const quorvane_network* network) noexcept {
+  if (network == nullptr) return nullptr;
+  try {
+    return new quorvane_cache{WordCache(network->learned)};
+  } catch (...) {
+    return nullptr;
+  }
+}
+
+void quorvane_cache_free(quorvane_cache* cache) noexcept {
+  delete cache;
+}
+
+int quorvane_read_fen(const char* fen, quorvane_position* position) noexcept {
+  if (fen == nullptr || position == nullptr) return QUORVANE_NULL_POINTER;
+  return readFen(fen, *position);
+}
+
+int quorvane_position_type(const quorvane_position* position, int* type) noexcept {
+  if (position == nullptr || type == nullptr) return QUORVANE_NULL_POINTER;
+  PieceSets sets;
+  const quorvane_status status = readPosition(*position, sets);
+  if (status == QUORVANE_OK) *type = describe(sets).type;
+  return status;
+}
+
+int quorvane_evaluate(const quorvane_network* network, const quorvane_position* position,
+                      double* value) noexcept {
+  if (network == nullptr || position == nullptr || value == nullptr) return QUORVANE_NULL_POINTER;
+  return evaluateFrom(*network, *position, *value);
+}
+
+int quorvane_evaluate_fen(const quorvane_network* network, const char* fen, double* value) noexcept {
+  if (network == nullptr || fen == nullptr || value == nullptr) return QUORVANE_NULL_POINTER;
+  return evaluateFrom(*network, fen, *value);
+}
+
+int quorvane_evaluate_cached(quorvane_cache* cache, const quorvane_position* position,
+                             double* value) noexcept {
+  if (cache == nullptr || position == nullptr || value == nullptr) return QUORVANE_NULL_POINTER;
+  return evaluateFrom(*cache, *position, *value);
+}
+
+int quorvane_evaluate_fens(quorvane_cache* cache, const char* const* fens, size_t count, double* values,
+                           size_t* done) noexcept {
+  if (cache == nullptr || ((fens == nullptr || values == nullptr) && count != 0))
+    return QUORVANE_NULL_POINTER;
+  size_t at = 0;
+  int status = QUORVANE_OK;
+  for (; at < count; ++at) {
+    status = fens[at] == nullptr ? int{QUORVANE_NULL_POINTER} : evaluateFrom(*cache, fens[at], values[at]);
+    if (status != QUORVANE_OK) break;
+  }
+  if (done != nullptr) *done = at;
+  return status;
+}
+
+int quorvane_explain(const quorvane_network* network, const quorvane_position* position,
+                     quorvane_explanation* explanation) noexcept {
+  if (network == nullptr || position == nullptr || explanation == nullptr) return QUORVANE_NULL_POINTER;
+  PieceSets sets;
+  const quorvane_status status = readPosition(*position, sets);
+  if (status != QUORVANE_OK) return status;
+  const PositionWords described = describe(sets);
+  *explanation = {};
+  explanation->value = evaluate(sets, valuesOf(*network));
+  explanation->type = described.type;
+  for (const Square square : Squares(described.occupied)) {
+    const Side side = (sets.ofSide(white) & setOf(square)) != 0 ? white : black;
+    std::int32_t kind = 0;
+    while ((sets.squares[side][kind] & setOf(square)) == 0) ++kind;
+    auto& piece = explanation->pieces[explanation->count++];
+    piece.word = described.words[square];
+    piece.value = network->learned.patterns(described.type, kind).valueOf(piece.word);
+    piece.piece = static_cast<std::uint8_t>(side == white ? kind : kind + QUORVANE_BLACK_PAWN);
+    piece.square = static_cast<std::uint8_t>(square);
+  }
+  return QUORVANE_OK;
+}
+
+const char* quorvane_feature_name(int type, int piece, int bit) noexcept {
+  const int kind = piece & 7;
+  const bool exists =
+      isType(type) && piece >= 0 && piece < 16 && kind < pieceKindCount && bit >= 0 && bit < 32;
+  return exists ? featureName(type, kind, ConfigurationWord{1} << bit) : nullptr;
+}
+
+const char* quorvane_type_name(int type) noexcept {
+  return isType(type) ? typeName(type) : nullptr;
+}
