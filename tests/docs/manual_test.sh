@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
-# manual_test.sh PROJECT INSPECT: the man pages and the completion against what the inspector's --help tells, and
-# quorvane-learn(1) against readme.txt. INSPECT is empty where it was not built. Prints what goes wrong.
+# manual_test.sh PROJECT INSPECT: quorvane-inspect(1) and the completion against what the inspector's --help tells,
+# quorvane-learn(1) against readme.txt, quorvane-evaluator(3) against the header. INSPECT is empty where it was not built.
+# Prints what goes wrong.
 set -u
 
 project=$(realpath "$1")
@@ -25,6 +26,19 @@ sed -E 'N; /\n(===|---)/d; P; D' "$project/readme.txt" | sed -E '/^   type/d; s/
     grep -qF -- "$sentence" learn || echo "$sentence"
   done >missing
 [ ! -s missing ] || fail "quorvane-learn(1) lacks: $(cat missing)"
+
+# What the header declares, quorvane-evaluator(3) has, and its example compiles.
+header=$project/include/quorvane/evaluator.h
+declared() { tr -s ' \n' ' ' | grep -oE '[a-z][a-z_ ]*[ *]+quorvane_[a-z_]+\([^)]*\)' | sed -E 's/ *\* */*/g' | sort; }
+sed '/^#/d; s/QUORVANE_[A-Z]* *//g' "$header" | declared >in_header
+page quorvane-evaluator.3 | sed -n '/^SYNOPSIS/,/^DESCRIPTION/p' | sed '/#include/d' | declared >on_page
+[ "$(wc -l <in_header)" -ge 16 ] || fail 'the header has no declarations'
+diff in_header on_page >differences || fail "quorvane-evaluator(3) and the header part: $(cat differences)"
+sed -n '/^enum quorvane_status/,/^}/s/^  \(QUORVANE_[A-Z_]*\) =.*/\1/p' "$header" >statuses
+sed -n 's/^\.It Dv \(QUORVANE_[A-Z_]*\)$/\1/p' "$project/man/quorvane-evaluator.3" | diff statuses - ||
+  fail 'quorvane-evaluator(3) lacks a status'
+page quorvane-evaluator.3 | sed -n '/^EXAMPLES/,/^SEE ALSO/p' | sed '1,/:$/d; /^SEE/d' >example.c
+cc -std=c99 -Wall -Wextra -Werror -fsyntax-only -I "$project/include" example.c 2>errors || fail "$(cat errors)"
 
 # What the inspector knows, its page and its completion know, and nothing else.
 # shellcheck source=/dev/null
