@@ -26,12 +26,20 @@ foreach(component IN LISTS CPACK_COMPONENTS_ALL)
 The project states no licence: whoever wants to pass it on or change it has to
 ask them.
 ")
-  file(WRITE ${root}/share/lintian/overrides/${package}
+  set(overrides
 "# It does not come from Debian, where the first upload would close a wish.
 ${package}: initial-upload-closes-no-bugs
 # The project states no year and no licence, and none is made up here.
 ${package}: copyright-without-copyright-notice
 ")
+  if(component STREQUAL "runtime")
+    string(APPEND overrides
+"# cpack has scripts call ldconfig, which is what the trigger would do.
+${package}: lacks-ldconfig-trigger
+${package}: maintscript-calls-ldconfig
+")
+  endif()
+  file(WRITE ${root}/share/lintian/overrides/${package} "${overrides}")
   if(EXISTS ${documents}/CHANGELOG.md)
     file(RENAME ${documents}/CHANGELOG.md ${documents}/changelog)
   endif()

@@ -11,7 +11,7 @@ set(CPACK_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS
 if(WIN32)
   set(CPACK_GENERATOR ZIP)
 else()
-  set(CPACK_GENERATOR TGZ DEB)
+  set(CPACK_GENERATOR TGZ)
 endif()
 
 # Folders of all programs take no readme.txt.
@@ -40,6 +40,7 @@ value of a position and its reasons, and how good the network is on games.")
 set(library "evaluates chess positions by what quorvane-learn has learned")
 set(CPACK_DEBIAN_RUNTIME_PACKAGE_NAME libquorvane-evaluator${PROJECT_VERSION_MAJOR})
 set(CPACK_DEBIAN_RUNTIME_PACKAGE_SECTION libs)
+set(CPACK_DEBIAN_RUNTIME_PACKAGE_MULTIARCH same)
 set(CPACK_COMPONENT_RUNTIME_DESCRIPTION
 "${library} - library
 The library reads a network.dat, and gives the value of a position, or of each
