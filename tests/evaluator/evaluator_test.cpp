@@ -1,0 +1,221 @@
+#include "quorvane/evaluator.h"
+
+#include <gtest/gtest.h>
+
+#include "pgn/pgn_database.h"
+#include "support/board_fixture.h"
+#include "support/evaluator_laws.h"
+#include "support/files.h"
+#include "support/network_tables.h"
+#include "support/temporary_folder.h"
+#include "tools/game_generator.h"
+
+namespace quorvane {
+namespace {
+
+const std::string usualFen = usualStart + "w KQkq - 0 1";
+
+TEST(Evaluator, AgreesWithTheBoardInAThousandGames) {
+  const TemporaryFolder folder;
+  EvaluatorLaws laws;
+  GameGenerator generator(1);
+  for (int round = 0; round < 1000; ++round) {
+    writeFile("generated.pgn", round % 4 != 0 ? generator.nextGame() : generator.nextEnding());
+    PgnDatabase database;
+    database.load("generated.pgn");
+    PgnGame& game = *database.game(0);
+    Board::setupPosition(game.placement, game.sideToMove);
+    DecodedMove move;
+    do ASSERT_STREQ(laws.broken(), nullptr) << "game " << round;
+    while (game.nextMove(move) && Board::playGameMove(move));
+  }
+}
+
+class EvaluatorOnBoard : public BoardTest {
+ protected:
+  const TemporaryFolder folder;
+  EvaluatorLaws laws;
+};
+
+TEST_F(EvaluatorOnBoard, AgreesWithTheBoardInOddPositions) {
+  for (const char* fen : {"8/8/8/8/8/8/8/Kk6 w", "P3k2P/8/8/8/8/8/p6p/P3K2P w", "4k3/8/8/8/8/8/8/P3K2P b",
+                          "qqqqkqqq/qqqqqqqq/8/8/8/8/QQQQQQQQ/QQQQKQQQ b", "k7/8/8/8/8/8/8/7K w",
+                          "7k/8/8/8/8/8/8/K6R b", "rnbqkbnr/8/PPPPPPPP/8/8/pppppppp/8/RNBQKBNR w"}) {
+    PgnGame game;
+    ASSERT_TRUE(game.parseFen("FEN \"" + std::string(fen) + "\"")) << fen;
+    if (!game.placement.fitsBoard()) continue;
+    setUp(fen);
+    EXPECT_STREQ(laws.broken(), nullptr) << fen;
+    const quorvane_position given = laws.positionOnBoard();
+    double value = 0.0;
+    double ofFen = 1.0;
+    EXPECT_EQ(quorvane_evaluate(laws.opened(), &given, &value), QUORVANE_OK);
+    EXPECT_EQ(quorvane_evaluate_fen(laws.opened(), fen, &ofFen), QUORVANE_OK) << fen;
+    EXPECT_EQ(value, ofFen) << fen;
+  }
+}
+
+TEST_F(EvaluatorOnBoard, AgreesWithTheBoardOnEveryType) {
+  // What stands beside the kings, by type.
+  const char* const pieces[positionTypeCount] = {
+      "R",  "p",     "q",      "BB",       "pP",         "bn",           "N",
+      "Rr", "qqqPP", "qqqPPP", "qqqqPPPP", "qqqqqPPPPP", "qqqqqqPPPPPP", "ppppppppRNBQBNRrnbqbnrPPPPPPPP"};
+  for (PositionType type = 0; type < positionTypeCount; ++type) {
+    std::string ranks = pieces[type];
+    ranks.resize(48, '1');
+    for (std::size_t slash = 0; slash < 54; slash += 9) ranks.insert(slash, 1, '/');
+    for (const char* const side : {"/4K3 w", "/4K3 b"}) {
+      setUp("4k3" + ranks + side);
+      EXPECT_STREQ(laws.broken(), nullptr) << type;
+      EXPECT_EQ(laws.classifyPosition(Network::classifyBoard, false), type);
+    }
+  }
+}
+
+TEST_F(EvaluatorOnBoard, KnowsWhoHasCastled) {
+  setUp("r3k2r/8/8/8/8/8/8/R3K2R w");
+  ASSERT_TRUE(play("O-O O-O-O"));
+  EXPECT_STREQ(laws.broken(), nullptr);
+  quorvane_position given = laws.positionOnBoard();
+  EXPECT_TRUE(given.white_castled == 1 && given.black_castled == 1);
+  quorvane_explanation explained;
+  given.black_castled = 0;
+  ASSERT_EQ(quorvane_explain(laws.opened(), &given, &explained), QUORVANE_OK);
+  const auto castledBit = [&](const char* square) {
+    for (const auto& piece : explained.pieces)
+      if (squareName(piece.square) == square) return piece.word >> 27 & 1;
+    return ConfigurationWord{2};
+  };
+  EXPECT_EQ(castledBit("g1"), 1U);
+  EXPECT_EQ(castledBit("c8"), 0U);
+}
+
+TEST(EvaluatorFen, ReadsWhatIsWrittenAndRefusesWhatIsNone) {
+  const std::pair<std::string, quorvane_status> cases[] = {
+      {usualFen, QUORVANE_OK},
+      {" \t\r\n" + usualStart + " \t b \n", QUORVANE_OK},
+      {"4k3/8/8/8/8/8/8/4K3 w -", QUORVANE_OK},
+      {"4k3/8/8/8/8/8/8/4K3 w HAha e3 bm Kd2; id \"x\";", QUORVANE_OK},
+      {"4k3/11111111/8/8/8/8/8/4K3 w - - 0 1", QUORVANE_OK},
+      {"", QUORVANE_FEN_BOARD},
+      {"w", QUORVANE_FEN_BOARD},
+      {"4k3/8/8/8/8/8/8 w - -", QUORVANE_FEN_BOARD},
+      {"4k3/8/8/8/8/8/8/4K3/ w - -", QUORVANE_FEN_BOARD},
+      {"4k3/8/8/8/8/8/8/4K3/8 w - -", QUORVANE_FEN_BOARD},
+      {"4k3/9/8/8/8/8/8/4K3 w - -", QUORVANE_FEN_BOARD},
+      {"4k3/7/8/8/8/8/8/4K3 w - -", QUORVANE_FEN_BOARD},
+      {"4k3/44p/8/8/8/8/8/4K3 w - -", QUORVANE_FEN_BOARD},
+      {"4k3/8p/8/8/8/8/8/4K3 w - -", QUORVANE_FEN_BOARD},
+      {"4k3/.7/8/8/8/8/8/4K3 w - -", QUORVANE_FEN_BOARD},
+      {"4k3/8/8/8/8/8/8/4K3", QUORVANE_FEN_SIDE},
+      {"4k3/8/8/8/8/8/8/4K3 W - -", QUORVANE_FEN_SIDE},
+      {"4k3/8/8/8/8/8/8/4K3 w e3 -", QUORVANE_FEN_CASTLING},
+      {"4k3/8/8/8/8/8/8/4K3 w - KQ", QUORVANE_FEN_EN_PASSANT},
+      {"qqqqkqqq/qqqqqqqq/q7/8/8/8/8/4K3 w", QUORVANE_OK},  // read, but refused below
+      {"qqqqqqqq/qqqqqqqq/qqqqqqqq/qqqqqqqq/q7/8/8/4K3 w", QUORVANE_PIECE_COUNT},
+  };
+  for (const auto& [fen, status] : cases) {
+    quorvane_position position{};
+    position.count = -1;
+    EXPECT_EQ(quorvane_read_fen(fen.c_str(), &position), status) << fen;
+    EXPECT_EQ(position.count == -1, status != QUORVANE_OK) << fen << ": filled only on success";
+  }
+}
+
+TEST(EvaluatorPositions, AreRefusedWithAReason) {
+  quorvane_position usual{};
+  ASSERT_EQ(quorvane_read_fen(usualFen.c_str(), &usual), QUORVANE_OK);
+  ASSERT_EQ(usual.count, 32);
+  using Change = void (*)(quorvane_position&);
+  const std::pair<Change, quorvane_status> cases[] = {
+      {[](auto&) {}, QUORVANE_OK},
+      {[](auto& p) { p.count = 33; }, QUORVANE_PIECE_COUNT},
+      {[](auto& p) { p.count = -1; }, QUORVANE_PIECE_COUNT},
+      {[](auto& p) { p.count = 0; }, QUORVANE_KING_COUNT},
+      {[](auto& p) { p.pieces[8].piece = QUORVANE_WHITE_PAWN; }, QUORVANE_PIECE_COUNT},
+      {[](auto& p) { p.pieces[8].piece = 6; }, QUORVANE_PIECE_UNKNOWN},
+      {[](auto& p) { p.pieces[8].piece = 14; }, QUORVANE_PIECE_UNKNOWN},
+      {[](auto& p) { p.pieces[8].piece = 255; }, QUORVANE_PIECE_UNKNOWN},
+      {[](auto& p) { p.pieces[8].square = 64; }, QUORVANE_SQUARE_RANGE},
+      {[](auto& p) { p.pieces[8].square = p.pieces[9].square; }, QUORVANE_SQUARE_TAKEN},
+      {[](auto& p) { p.pieces[8].piece = QUORVANE_BLACK_KING; }, QUORVANE_KING_COUNT},
+      {[](auto& p) { p.pieces[0].piece = QUORVANE_WHITE_PAWN; }, QUORVANE_PAWN_ON_LAST_RANK},
+      {[](auto& p) { p.side_to_move = 2; }, QUORVANE_SIDE_UNKNOWN},
+  };
+  for (const auto& [change, status] : cases) {
+    quorvane_position changed = usual;
+    change(changed);
+    int type = -1;
+    EXPECT_EQ(quorvane_position_type(&changed, &type), status) << quorvane_status_text(status);
+    EXPECT_EQ(type, status == QUORVANE_OK ? 13 : -1);
+  }
+  for (int status = QUORVANE_OK; status <= QUORVANE_SIDE_UNKNOWN; ++status)
+    EXPECT_STRNE(quorvane_status_text(status), "unknown status");
+  EXPECT_STREQ(quorvane_status_text(QUORVANE_SIDE_UNKNOWN + 1), "unknown status");
+}
+
+TEST_F(EvaluatorOnBoard, EvaluatesManyUpToTheFirstThatIsNoFen) {
+  const char* fens[] = {usualFen.c_str(), "8/2k5/2p5/2P5/2K5/3N4/8/8 w - - 0 1", "8/2k5 w", usualFen.c_str()};
+  double values[] = {7, 7, 7, 7};
+  std::size_t done = 9;
+  EXPECT_EQ(quorvane_evaluate_fens(laws.openedCache(), fens, 4, values, &done), QUORVANE_FEN_BOARD);
+  EXPECT_EQ(done, 2U);
+  double alone = 0.0;
+  EXPECT_EQ(quorvane_evaluate_fen(laws.opened(), fens[1], &alone), QUORVANE_OK);
+  EXPECT_EQ(values[1], alone);
+  EXPECT_EQ(values[2], 7.0);
+  EXPECT_EQ(quorvane_evaluate_fens(laws.openedCache(), nullptr, 0, nullptr, nullptr), QUORVANE_OK);
+}
+
+TEST_F(EvaluatorOnBoard, TakesNullPointersAndNamesOutOfRange) {
+  quorvane_position position{};
+  quorvane_explanation explanation;
+  double value;
+  int type;
+  EXPECT_EQ(quorvane_read_fen(nullptr, &position), QUORVANE_NULL_POINTER);
+  EXPECT_EQ(quorvane_read_fen("", nullptr), QUORVANE_NULL_POINTER);
+  EXPECT_EQ(quorvane_position_type(nullptr, &type), QUORVANE_NULL_POINTER);
+  EXPECT_EQ(quorvane_evaluate(nullptr, &position, &value), QUORVANE_NULL_POINTER);
+  EXPECT_EQ(quorvane_evaluate_fen(laws.opened(), nullptr, &value), QUORVANE_NULL_POINTER);
+  EXPECT_EQ(quorvane_evaluate_cached(nullptr, &position, &value), QUORVANE_NULL_POINTER);
+  EXPECT_EQ(quorvane_evaluate_fens(laws.openedCache(), nullptr, 1, &value, nullptr), QUORVANE_NULL_POINTER);
+  EXPECT_EQ(quorvane_explain(laws.opened(), &position, nullptr), QUORVANE_NULL_POINTER);
+  EXPECT_EQ(quorvane_explain(laws.opened(), nullptr, &explanation), QUORVANE_NULL_POINTER);
+  EXPECT_EQ(quorvane_cache_new(nullptr), nullptr);
+  quorvane_cache_free(nullptr);
+  quorvane_network_close(nullptr);
+  EXPECT_EQ(quorvane_network_knows(nullptr, 6), 0);
+  EXPECT_EQ(quorvane_network_knows(laws.opened(), 14), 0);
+  EXPECT_EQ(quorvane_network_knows(laws.opened(), 13), 1);
+
+  EXPECT_STREQ(quorvane_feature_name(13, QUORVANE_BLACK_ROOK, 4), "attacked by a knight");
+  EXPECT_STREQ(quorvane_feature_name(4, QUORVANE_WHITE_PAWN, 6), "outruns the enemy king");
+  for (const auto& [piece, bit] : {std::pair{0, 9}, {6, 0}, {-1, 0}, {16, 0}, {0, 32}, {0, -1}})
+    EXPECT_EQ(quorvane_feature_name(13, piece, bit), nullptr) << piece << ' ' << bit;
+  EXPECT_EQ(quorvane_type_name(-1), nullptr);
+  EXPECT_STREQ(quorvane_type_name(13), "material 70 and more");
+}
+
+TEST(EvaluatorNetworks, AreRefusedWithAReason) {
+  const TemporaryFolder folder;
+  writeFile("short.dat", networkBytes({1, 0, 1}));
+  writeFile("text.dat", "what is this?");
+  const std::pair<const char*, const char*> cases[] = {{"short.dat", "is cut short at byte 12"},
+                                                       {"text.dat", "is no network file of version 1"},
+                                                       {".", "is a folder"},
+                                                       {"none.dat", "cannot be opened"},
+                                                       {"", "cannot be opened"},
+                                                       {nullptr, "a pointer is null that may not be"}};
+  for (const auto& [name, reason] : cases) {
+    char error[100] = "";
+    EXPECT_EQ(quorvane_network_open(name, error, sizeof error), nullptr) << reason;
+    EXPECT_STREQ(error, reason);
+  }
+  char little[6] = "*****";
+  EXPECT_EQ(quorvane_network_open("short.dat", little, 5), nullptr);
+  EXPECT_EQ(std::string(little, sizeof little), std::string("is c\0\0", 6));
+  EXPECT_EQ(quorvane_network_open("short.dat", nullptr, 100), nullptr);
+}
+
+}  // namespace
+}  // namespace quorvane
