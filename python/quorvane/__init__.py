@@ -3,14 +3,12 @@
 >>> import quorvane
 >>> with quorvane.open_network("network.dat") as network:
 ...     value = network.evaluate("8/2k5/2p5/2P5/2K5/3N4/8/8 w - - 0 1")
-...     values = network.evaluate_many(["4k3/8/8/8/8/8/3PP3/4K3 w", "4k3/8/8/8/8/8/3PP3/4K3 b"])
-...     pawn = network.explain("8/2k5/2p5/2P5/2K5/3N4/8/8 w").pieces[2]
->>> round(value, 3)
-@VALUE@
->>> [round(each, 3) for each in values]
-@VALUES@
->>> pawn.symbol, pawn.square_name, pawn.features[0]
-@KNIGHT@
+...     values = network.evaluate_many(["8/2k5/2p5/2P5/2K5/3N4/8/8 w", "8/2k5/2p5/2P5/2K5/3N4/8/8 b"])
+...     knight = network.explain("8/2k5/2p5/2P5/2K5/3N4/8/8 w").pieces[0]
+>>> round(value, 3), [round(each, 3) for each in values]
+(36.146, [36.146, 89.563])
+>>> knight.symbol, knight.square_name, round(knight.value, 3), knight.features[0]
+('N', 'd3', -37.31, 'centre distance 1')
 
 A position is a FEN, of which the first two fields will do, or a `chess.Board` of python-chess, which this module does
 not need. A FEN does not tell who has castled, which a king is valued by; of a board it is read off the move stack, as
