@@ -73,7 +73,12 @@ def explanation_of(worth: Worth) -> Explanation:
 
 
 def _features(position_type: int, piece: int, word: int) -> tuple[str, ...]:
-    return tuple(_feature(position_type, piece, bit) for bit in reversed(range(32)) if word >> bit & 1)
+    names = []
+    while word:
+        bit = word.bit_length() - 1
+        names.append(_feature(position_type, piece, bit))
+        word ^= 1 << bit
+    return tuple(names)
 
 
 @cache

@@ -3,7 +3,8 @@
 from __future__ import annotations
 
 from collections.abc import Sequence
-from ctypes import byref, c_uint8
+from ctypes import byref
+from struct import Struct
 from typing import Any, Protocol, TypeAlias
 
 from ._errors import refused
@@ -49,7 +50,8 @@ GivenPosition: TypeAlias = str | Board
 
 _ALL_SQUARES = (1 << 64) - 1
 _BLACK = 8  # what a black piece's number has more than the white one's
-_Pieces = c_uint8 * (2 * MAX_PIECES)
+# A whole Position at once, many times as fast as field by field.
+_POSITION = Struct(f"=i{2 * MAX_PIECES}s4B")
 
 
 def encoded(fen: str) -> bytes | None:
@@ -88,9 +90,11 @@ def read_board(board: Board) -> Position:
                 lowest = own & -own
                 placed += (piece, lowest.bit_length() - 1)
                 own ^= lowest
-    # A count that is too high is for the library to refuse.
-    pieces = _Pieces(*placed[: 2 * MAX_PIECES])
-    return Position(len(placed) // 2, pieces, side_to_move, white_castled, black_castled)
+    # Pieces beyond 32 are cut off; the library refuses their count.
+    pieces = bytes(placed)
+    return Position.from_buffer_copy(
+        _POSITION.pack(len(placed) // 2, pieces, side_to_move, white_castled, black_castled, 0)
+    )
 
 
 def read_position(given: GivenPosition) -> Position:

@@ -69,7 +69,8 @@ def test_names_of_files(random_network, tmp_path):
 def test_files_that_are_no_networks(random_network, tmp_path):
     cut = tmp_path / "cut.dat"
     cut.write_bytes(random_network.read_bytes()[:-13])
-    for name, reason in ((tmp_path / "none", "none"), (tmp_path, "folder"), (cut, "cut.dat: .*cut short"), ("a\0b", "NUL")):
+    wrong = {tmp_path / "none": "none: cannot be opened", tmp_path: "folder", cut: "cut.dat: .*cut short", "a\0b": "NUL"}
+    for name, reason in wrong.items():
         with pytest.raises(quorvane.NetworkError, match=reason):
             quorvane.open_network(name)
     assert issubclass(quorvane.NetworkError, ValueError) and issubclass(quorvane.PositionError, ValueError)
@@ -88,9 +89,9 @@ def test_a_closed_network_answers_nothing(random_network):
         pass
 
 
-@pytest.mark.parametrize("library, reason", [("/nowhere/lib.so", "cannot be loaded"), ("libc.so.6", "cannot be loaded")])
-def test_without_its_library_the_module_says_so(library, reason):
+@pytest.mark.parametrize("library", ["/nowhere/lib.so", "libc.so.6"])
+def test_without_its_library_the_module_says_so(library):
     code = "try:\n  import quorvane\nexcept ImportError as error:\n  print(error)"
     environment = {**os.environ, "QUORVANE_LIBRARY": library}
     said = subprocess.run([sys.executable, "-c", code], env=environment, text=True, stdout=subprocess.PIPE).stdout
-    assert reason in said and "QUORVANE_LIBRARY" in said
+    assert "cannot be loaded" in said and "QUORVANE_LIBRARY" in said
