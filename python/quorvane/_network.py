@@ -50,11 +50,11 @@ class Network:
         self._name = os.fsdecode(file)
         path = os.fsencode(file)
         if b"\0" in path:
-            raise NetworkError(f"{self._name!r}: the name of a file holds no NUL character")
+            raise _complaint(self._name, "the name of a file holds no NUL character")
         error = create_string_buffer(512)
         pointer = library.quorvane_network_open(path, error, len(error))
         if pointer is None:
-            raise NetworkError(f"{self._name}: {error.value.decode(errors='replace')}")
+            raise _complaint(self._name, error.value.decode(errors="replace"))
         self._network: _Handle | None = _Handle(pointer, library.quorvane_network_close)
         self._caches = threading.local()  # one thread at a time may use a cache
 
@@ -127,7 +127,7 @@ class Network:
     def _open(self) -> _Handle:
         network = self._network
         if network is None:
-            raise NetworkError(f"{self._name}: the network is closed")
+            raise _complaint(self._name, "the network is closed")
         return network
 
     def _cache(self) -> _Handle:
@@ -145,6 +145,11 @@ class Network:
 
 
 _BATCH = 16384
+
+
+def _complaint(name: str, reason: str) -> NetworkError:
+    # Names may hold bytes that are no text, which could not be printed.
+    return NetworkError(f"{name.encode(errors='backslashreplace').decode()}: {reason}")
 
 
 def _is_fen(position: GivenPosition) -> bool:

@@ -69,10 +69,17 @@ def test_names_of_files(random_network, tmp_path):
 def test_files_that_are_no_networks(random_network, tmp_path):
     cut = tmp_path / "cut.dat"
     cut.write_bytes(random_network.read_bytes()[:-13])
-    wrong = {tmp_path / "none": "none: cannot be opened", tmp_path: "folder", cut: "cut.dat: .*cut short", "a\0b": "NUL"}
-    for name, reason in wrong.items():
-        with pytest.raises(quorvane.NetworkError, match=reason):
+    reasons = {
+        tmp_path / "none": "none: cannot be opened",
+        b"\xff": "cannot be opened",
+        tmp_path: "folder",
+        cut: "cut.dat: .*cut short",
+        "a\0b": "NUL",
+    }
+    for name, reason in reasons.items():
+        with pytest.raises(quorvane.NetworkError, match=reason) as caught:
             quorvane.open_network(name)
+        str(caught.value).encode()
     assert issubclass(quorvane.NetworkError, ValueError) and issubclass(quorvane.PositionError, ValueError)
 
 
