@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
-# installed_test.sh SOURCES BUILD: installs a build into a new prefix, moves that to one with a blank in its name, and uses
-# it from there as others would: a C program by way of CMake and of pkg-config, shared and static, as C99 and as C++.
-# Skipped, with status 77, where there is no pkg-config.
+# installed_test.sh SOURCES BUILD: installs a build into a new prefix, moves that to one with a blank in its name, and
+# uses it from there as others would: a C program by way of CMake and of pkg-config, shared and static, as C99 and as
+# C++, and the Python module. Skipped, with status 77, where there is no pkg-config.
 set -euo pipefail
 
 sources=$1 build=$2
@@ -42,6 +42,13 @@ expected=$(./as-cpp network.dat "$fen" 2>log) || fail "evaluating"
 if [ -x "$prefix/bin/quorvane-inspect" ]; then
   "$prefix/bin/quorvane-inspect" explain --fen "$fen" >log 2>&1 || fail "quorvane-inspect"
   grep -qF "White to move: $expected" log || fail "the inspector says something else than $expected"
+fi
+if python3 -c 'import sys; assert sys.version_info >= (3, 11)' 2>/dev/null; then
+  module=$(dirname "$(find "$prefix" -name quorvane -path '*/dist-packages/*')")
+  code='import quorvane, sys; print(f"{quorvane.open_network(sys.argv[1]).evaluate(sys.argv[2]):+.2f}")'
+  got=$(env -u LD_LIBRARY_PATH PYTHONPATH="$module" python3 -c "$code" network.dat "$fen" 2>log) ||
+    fail "the Python module"
+  [ "$got" = "$expected" ] || fail "the Python module says '$got'"
 fi
 for built in cmake/shared cmake/static ./by-pkg-config ./by-pkg-config-static; do
   [ "$("$built" network.dat "$fen" 2>&1)" = "$expected" ] || fail "$built says something else than $expected"
