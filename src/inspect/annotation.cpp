@@ -1,5 +1,6 @@
 #include "inspect/annotation.h"
 
+#include <algorithm>
 #include <optional>
 #include <string_view>
 #include <utility>
@@ -67,7 +68,8 @@ class Annotator : public Position {
       return;
     }
     const std::vector<ValuedMove> moves = valuedMoves(game);
-    ++(moves.empty() ? tally.withoutMoves : tally.games);
+    const bool anyValue = std::ranges::any_of(moves, [](const auto& move) { return move.pawns.has_value(); });
+    ++(anyValue ? tally.games : tally.withoutValues);
     for (std::size_t index = 0; index < moves.size(); ++index) {
       const std::size_t end = index + 1 < moves.size() ? moves[index + 1].token : tokens.size();
       annotate(moves[index], end, tokens, game.tokens);

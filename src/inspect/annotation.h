@@ -20,10 +20,10 @@ struct GamesLeft {
 
 // What came of the games of a file.
 struct AnnotationTally {
-  std::size_t games = 0;         // that have values now
-  std::size_t moves = 0;         // with a value
-  std::size_t unknownMoves = 0;  // of the same games, without one: no pattern for their types
-  std::size_t withoutMoves = 0;  // games
+  std::size_t games = 0;          // that have values now
+  std::size_t moves = 0;          // with a value
+  std::size_t unknownMoves = 0;   // without one, as the network has no patterns for the type of the position
+  std::size_t withoutValues = 0;  // games that have no moves, or only such
   std::map<Oddity, GamesLeft> left;
 };
 

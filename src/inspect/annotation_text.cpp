@@ -20,7 +20,8 @@ std::vector<std::string> annotationLines(const AnnotationTally& tally) {
     lines.push_back(counted(tally.unknownMoves, "move") +
                     " without a value: the network has no patterns for the position type");
   }
-  if (tally.withoutMoves != 0) lines.push_back(counted(tally.withoutMoves, "game") + " without moves");
+  if (tally.withoutValues != 0)
+    lines.push_back(counted(tally.withoutValues, "game") + " without a move to value");
   for (const auto& [oddity, left] : tally.left) {
     lines.push_back(counted(left.games, "game") + " left as before: " + oddityText(oddity) +
                     (left.games == 1 ? " (game " : " (first in game ") + std::to_string(left.first) +

@@ -66,7 +66,7 @@ TEST_F(AnnotatedGames, GamesThatCannotBeReplayedStayAndAreCounted) {
   const Annotation annotation = annotate("[White \"x\"] 1. e4 1-0 " + left + left + "[Event \"no moves\"] *");
   EXPECT_EQ(annotation.text, fine + left + left + "[Event \"no moves\"] *");
   EXPECT_EQ(annotation.tally.games, 1U);
-  EXPECT_EQ(annotation.tally.withoutMoves, 1U);
+  EXPECT_EQ(annotation.tally.withoutValues, 1U);
   EXPECT_EQ(annotation.tally.left.at(Oddity::unreadableToken).games, 2U);
   EXPECT_EQ(annotation.tally.left.at(Oddity::noPiece).games, 2U);
   EXPECT_EQ(annotation.tally.left.at(Oddity::noPiece).first, 3);
@@ -83,6 +83,7 @@ TEST_F(AnnotatedGames, PositionsOfWhichTheNetworkKnowsNothingGetNoValue) {
       annotate("[FEN \"4k3/p7/8/8/8/8/rP6/K7 w\"] 1. Kxa2 { [%eval 0.2] [%clk 0:01] } a6 *");
   EXPECT_TRUE(played.text.ends_with("1. Kxa2 {  [%clk 0:01] } a6 *"));
   EXPECT_EQ(played.tally.unknownMoves, 2U);
+  EXPECT_EQ(played.tally.withoutValues, 1U);
 }
 
 TEST_F(AnnotatedGames, TheUtilityReadsTheSameGamesAgainFromAnyText) {
@@ -104,6 +105,17 @@ TEST_F(AnnotatedGames, TheUtilityReadsTheSameGamesAgainFromAnyText) {
   writeFile("out.pgn", annotation.text);
   EXPECT_EQ(tokens("out.pgn"), tokens("few.pgn"));
   EXPECT_GE(annotation.tally.games, 50U);
+}
+
+TEST_F(AnnotatedGames, ExampleOfTheDocumentIsThatOfTheProgram) {
+  const std::string document = readFile(projectFile("docs/inspect.md"));
+  const auto blockBehind = [&](const std::string& mark) {
+    const std::size_t begin = document.find("```\n", document.find(mark)) + 4;
+    return document.substr(begin, document.find("```", begin) - begin);
+  };
+  const std::regex value(R"(eval -?\d+\.\d\d\])");
+  EXPECT_EQ(annotate(blockBehind("`annotate game.pgn -o out.pgn`")).text,
+            std::regex_replace(blockBehind("by a network learned from 14,000"), value, "eval 0.00]"));
 }
 
 TEST_F(AnnotatedGames, PawnsAreThoseOfThePublishedFormula) {
