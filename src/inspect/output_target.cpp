@@ -9,16 +9,24 @@ namespace quorvane::inspect {
 
 namespace fs = std::filesystem;
 
-void refuseHarm(const std::string& target, const std::vector<std::string>& inputs, std::string_view marker,
-                const std::string& what) {
+void refuseInput(const std::string& target, const std::vector<std::string>& inputs) {
   std::error_code error;
   for (const std::string& input : inputs) {
     if (target == input || fs::equivalent(target, input, error))
       throw Fault(target, "is read, and cannot be written as well");
   }
-  const fs::file_status status = fs::status(target, error);
-  if (fs::is_directory(status)) throw Fault(target, "is a folder");
-  if (!fs::is_regular_file(status) || fs::file_size(target, error) == 0) return;
+  if (fs::is_directory(target, error)) throw Fault(target, "is a folder");
+}
+
+bool holdsSomething(const std::string& target) {
+  std::error_code error;
+  return fs::is_regular_file(target, error) && fs::file_size(target, error) != 0;
+}
+
+void refuseHarm(const std::string& target, const std::vector<std::string>& inputs, std::string_view marker,
+                const std::string& what) {
+  refuseInput(target, inputs);
+  if (!holdsSomething(target)) return;
   constexpr std::size_t beginning = 1000;
   std::string start(beginning, '\0');
   std::ifstream file(target, std::ios::binary);

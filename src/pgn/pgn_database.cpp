@@ -63,7 +63,10 @@ void PgnDatabase::load(const std::string& name) {
   // No file has such a name, but one that ends there may exist.
   if (name.find('\0') != std::string::npos) return;
   std::ifstream file(name);
-  if (!file) return;
+  if (file) load(file);
+}
+
+void PgnDatabase::load(std::istream& file) {
   PgnScanner scanner(file);
   PgnGame usualStart;
   readStart(usualStart, usualStartTag);
