@@ -56,12 +56,11 @@ page, the static library, and how CMake and pkg-config find them.")
 
 set(CPACK_DEBIAN_PYTHON_PACKAGE_NAME python3-quorvane)
 set(CPACK_DEBIAN_PYTHON_PACKAGE_SECTION python)
-set(CPACK_DEBIAN_PYTHON_PACKAGE_ARCHITECTURE all)
 set(CPACK_DEBIAN_PYTHON_PACKAGE_DEPENDS python3)
 set(CPACK_COMPONENT_PYTHON_DEPENDS runtime)
 set(CPACK_COMPONENT_PYTHON_DESCRIPTION
 "${library} - Python module
-The module reads a network.dat, and gives the value of a position, or of each of
-its pieces, to programs in Python.")
+The module reads a network.dat, and gives the value of a position, or of each
+of its pieces, to programs in Python.")
 
 include(CPack)
