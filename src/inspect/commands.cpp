@@ -183,11 +183,11 @@ void runValidate(const Arguments& arguments) {
     curves = calibrate(arguments.network, networkTable, validation);
   }
   const Judgement judgement = judge(validation, *curves);
+  // First: whoever reads what is printed may have read enough.
+  if (writes) writeReport(arguments.calibration, textOf(calibrationJson(*curves)));
   print(arguments.json ? textOf(validateJson(arguments.network, validation, judgement))
                        : validateText(validation, judgement, curvesFrom));
-  if (!writes) return;
-  writeReport(arguments.calibration, textOf(calibrationJson(*curves)));
-  noteWritten(arguments.calibration);
+  if (writes) noteWritten(arguments.calibration);
 }
 
 void runCompare(const Arguments& arguments) {

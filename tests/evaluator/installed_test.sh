@@ -57,3 +57,25 @@ for built in cmake/shared cmake/static ./by-pkg-config ./by-pkg-config-static; d
   got=$("$built" "$program" "$fen" 2>&1) && fail "$built takes what is no network"
   [ "$got" = "$program: is no network file of version 1" ] || fail "$built says '$got'"
 done
+
+# The blocks of the document, counted from 1, and what comes of them.
+block() {
+  awk -v wanted="$1" '/^```/ { inside = !inside; number += inside; next } inside && number == wanted' \
+    "$sources/docs/using-a-network.md"
+}
+block 1 >own_board.c
+cmp own_board.c "$sources/examples/own_board.c" >log || fail "the document shows another own_board.c"
+cc -std=c99 -Wall -Wextra -Werror own_board.c "${shared[@]}" -o own_board 2>log || fail "own_board.c"
+[ "$(./own_board network.dat)" = "$(block 2)" ] || fail "own_board says '$(./own_board network.dat)'"
+block 3 | grep -qF 'find_package(quorvane 4 REQUIRED)' || fail "the blocks of the document stand in another order"
+if [ -n "${module-}" ]; then
+  block 4 >script.py
+  got=$(env -u LD_LIBRARY_PATH PYTHONPATH="$module" python3 script.py 2>&1) || fail "the script of the document"
+  [ "$got" = "$(block 5)" ] || fail "the script of the document says '$got'"
+fi
+if [ -x "$prefix/bin/quorvane-inspect" ]; then
+  cp "$sources/examples/games.pgn" .
+  block 6 >commands.sh
+  PATH=$prefix/bin:$PATH bash -e commands.sh >log 2>&1 || fail "the commands of the document"
+  [[ $(sed -n '/^1\./{p;q;}' annotated.pgn) == "$(block 7)"* ]] || fail "other values than the document has"
+fi
