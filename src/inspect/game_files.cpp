@@ -3,6 +3,7 @@
 #include <filesystem>
 #include <fstream>
 
+#include "files/file_name.h"
 #include "inspect/fault.h"
 
 namespace quorvane::inspect {
@@ -30,10 +31,11 @@ std::int32_t gameCount(PgnDatabase& database) {
 }
 
 PgnDatabase loadAnyGames(const std::string& fileName) {
-  if (std::filesystem::is_directory(fileName)) throw Fault(fileName, "is a folder");
-  std::ifstream file(fileName, std::ios::binary);
+  const std::filesystem::path path = pathOf(fileName);
+  if (std::filesystem::is_directory(path)) throw Fault(fileName, "is a folder");
+  std::ifstream file(path, std::ios::binary);
   if (!file) throw Fault(fileName, "cannot be opened");
-  if (std::filesystem::is_regular_file(fileName) && isNetwork(file)) {
+  if (std::filesystem::is_regular_file(path) && isNetwork(file)) {
     throw Fault(fileName, "is a network, not a file of games");
   }
   file.close();
