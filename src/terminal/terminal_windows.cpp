@@ -56,9 +56,31 @@ class TypedText : public std::streambuf {
   std::string text;
 };
 
+// What is shown, in the code page of the console. The C library's own way there knows another one.
+class ShownText : public std::streambuf {
+ public:
+  explicit ShownText(DWORD standardHandle) : handle(GetStdHandle(standardHandle)) {}
+
+ protected:
+  std::streamsize xsputn(const char* bytes, std::streamsize count) override {
+    DWORD written = 0;
+    return WriteFile(handle, bytes, static_cast<DWORD>(count), &written, nullptr) != 0 ? count : 0;
+  }
+  int_type overflow(int_type next) override {
+    const char byte = traits_type::to_char_type(next);
+    return xsputn(&byte, 1) == 1 ? next : traits_type::eof();
+  }
+
+ private:
+  HANDLE handle;
+};
+
+// What the streams had before, null where it stayed.
 struct Before {
   std::streambuf* input = nullptr;
-  UINT outputCodePage = 0;
+  std::streambuf* output = nullptr;
+  std::streambuf* errors = nullptr;
+  UINT codePage = 0;
 } before;
 
 }  // namespace
@@ -68,15 +90,25 @@ Terminal::Terminal() {
     static TypedText typed;
     before.input = std::cin.rdbuf(&typed);
   }
-  if (isConsole(GetStdHandle(STD_OUTPUT_HANDLE)) || isConsole(GetStdHandle(STD_ERROR_HANDLE))) {
-    before.outputCodePage = GetConsoleOutputCP();
+  if (isConsole(GetStdHandle(STD_OUTPUT_HANDLE))) {
+    static ShownText shown(STD_OUTPUT_HANDLE);
+    before.output = std::cout.rdbuf(&shown);
+  }
+  if (isConsole(GetStdHandle(STD_ERROR_HANDLE))) {
+    static ShownText shown(STD_ERROR_HANDLE);
+    before.errors = std::cerr.rdbuf(&shown);
+  }
+  if (before.output != nullptr || before.errors != nullptr) {
+    before.codePage = GetConsoleOutputCP();
     SetConsoleOutputCP(CP_UTF8);
   }
 }
 
 Terminal::~Terminal() {
   if (before.input != nullptr) std::cin.rdbuf(before.input);
-  if (before.outputCodePage != 0) SetConsoleOutputCP(before.outputCodePage);
+  if (before.output != nullptr) std::cout.rdbuf(before.output);
+  if (before.errors != nullptr) std::cerr.rdbuf(before.errors);
+  if (before.codePage != 0) SetConsoleOutputCP(before.codePage);
 }
 
 bool errorsAreWatched() {

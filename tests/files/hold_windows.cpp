@@ -5,6 +5,7 @@
 
 #include <filesystem>
 #include <iostream>
+#include <limits>
 #include <string_view>
 
 int main(int argc, char** argv) {
