@@ -152,7 +152,7 @@ int quorvane_position_type(const quorvane_position* position, int* type) noexcep
   if (position == nullptr || type == nullptr) return QUORVANE_NULL_POINTER;
   PieceSets sets;
   const quorvane_status status = readPosition(*position, sets);
-  if (status == QUORVANE_OK) *type = describe(sets).type;
+  if (status == QUORVANE_OK) *type = sets.type();
   return status;
 }
 

@@ -28,7 +28,7 @@ void PatternTrie::addTrees(const NodeList& list, std::size_t begin, std::size_t 
   nodes[parent].children = static_cast<std::uint32_t>(block) - static_cast<std::uint32_t>(lowest);
   forEachTree([&](std::size_t at, std::size_t next, ConfigurationWord added) {
     const std::size_t child = block + static_cast<std::size_t>(std::countr_zero(added) - lowest);
-    nodes[child].weight = static_cast<double>(list[at].weight);
+    nodes[child].weight = list[at].weight;
     addTrees(list, at + 1, next, child, list[at].mask);
   });
 }
@@ -36,7 +36,7 @@ void PatternTrie::addTrees(const NodeList& list, std::size_t begin, std::size_t 
 void PatternTrie::addFiringChildren(const Node& parent, ConfigurationWord word, double& sum) const {
   for (ConfigurationWord firing = parent.childBits & word; firing != 0; firing &= firing - 1) {
     const Node& child = nodes[parent.children + static_cast<std::uint32_t>(std::countr_zero(firing))];
-    sum += child.weight;
+    sum += static_cast<double>(child.weight);
     if ((child.childBits & word) != 0) addFiringChildren(child, word, sum);
   }
 }

@@ -31,7 +31,7 @@ class PatternTrie {
   struct Node {
     ConfigurationWord childBits = 0;
     std::uint32_t children = 0;  // where a child that adds bit 0 would stand; wraps around below 0
-    double weight = 0.0;
+    float weight = 0.0F;
   };
 
   void addTrees(const NodeList& list, std::size_t begin, std::size_t end, std::size_t parent,

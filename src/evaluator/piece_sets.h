@@ -23,6 +23,13 @@ struct PieceSets {
     for (const SquareSet set : squares[side]) all |= set;
     return all;
   }
+  PieceCounts counts(Side side) const {
+    PieceCounts counted;
+    for (std::int32_t kind = 0; kind < pieceKindCount; ++kind)
+      counted[kind] = std::popcount(squares[side][kind]);
+    return counted;
+  }
+  PositionType type() const { return positionTypeOf(counts(white), counts(black)); }
   Square king(Side side) const { return std::countr_zero(squares[side][kingKind]); }
 };
 

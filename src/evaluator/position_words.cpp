@@ -20,18 +20,16 @@ constexpr std::uint32_t filesOf(SquareSet squares) {
 class Description {
  public:
   explicit Description(const PieceSets& described) : position(described) {
-    Table<PieceCounts, 2> counts;
     for (const Side side : {black, white}) {
       sides[side] = position.ofSide(side);
-      for (std::int32_t kind = 0; kind < pieceKindCount; ++kind) {
-        counts[side][kind] = std::popcount(position.squares[side][kind]);
-      }
       files[side] = filesOf(position.squares[side][pawnKind]);
     }
     result.occupied = sides[black] | sides[white];
-    result.type = positionTypeOf(counts[white], counts[black]);
+    const PieceCounts ofWhite = position.counts(white);
+    const PieceCounts ofBlack = position.counts(black);
+    result.type = positionTypeOf(ofWhite, ofBlack);
     result.words = {};
-    const std::int32_t balance = materialOf(counts[white]) - materialOf(counts[black]);
+    const std::int32_t balance = materialOf(ofWhite) - materialOf(ofBlack);
     for (const Side side : {black, white}) {
       besideKing[side] = attackSet[kingKind][position.king(side)] & ~result.occupied;
       ofSide[side] = materialBit(side == white ? balance : -balance);

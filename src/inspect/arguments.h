@@ -36,8 +36,13 @@ struct Arguments {
   std::string calibration;  // read, but by validate written
   std::string curves;       // read by validate
 
+  // report, annotate
+  std::string output;
+
+  // annotate
+  bool force = false;
+
   // report
-  std::string page;
   std::vector<std::string> learnedFrom;
 };
 

@@ -87,9 +87,17 @@ void addValidate(CLI::App& validate, Arguments& arguments) {
   addJson(validate, arguments);
 }
 
+void addAnnotate(CLI::App& annotate, Arguments& arguments) {
+  annotate.add_option("file", arguments.files, "A file of games")->required()->expected(1);
+  annotate.add_option("-o,--output", arguments.output, "The file of annotated games to write")->required();
+  addNetwork(annotate, arguments, "--network");
+  addCalibration(annotate, arguments);
+  annotate.add_flag("--force", arguments.force, "Replace the output if it is there");
+}
+
 void addReport(CLI::App& report, Arguments& arguments) {
   addNetwork(report, arguments, "network");
-  report.add_option("-o,--output", arguments.page, "The page to write")->required();
+  report.add_option("-o,--output", arguments.output, "The page to write")->required();
   report.add_option("--validate", arguments.files, "Files of games to measure the network on");
   report.add_option("--learned-from", arguments.learnedFrom,
                     "What the network was learned from, for the head of the page");
@@ -120,6 +128,7 @@ constexpr Entry entries[] = {
     {"validate", "Measures the network on games, without learning", addValidate, runValidate},
     {"compare", "Which of two networks does better on games", addCompare, runCompare},
     {"games", "Which games count, and why the others do not", addGamesCommand, runGames},
+    {"annotate", "Games with the value of the position behind each move", addAnnotate, runAnnotate},
     {"report", "All of it as one page for a browser", addReport, runReport},
 };
 

@@ -8,6 +8,7 @@
 
 #include "configurations/bit_names.h"
 #include "files/file_name.h"
+#include "inspect/annotation.h"
 #include "inspect/calibration_file.h"
 #include "inspect/fault.h"
 #include "inspect/game_choice.h"
@@ -75,6 +76,15 @@ std::optional<Calibration> findCalibration(const std::string& named, const std::
 std::string howToCalibrate(const std::string& network) {
   const std::string option = network == networkFileName ? "" : " --network " + network;
   return "quorvane-inspect validate GAMES.pgn" + option + " --calibration " + defaultCalibrationFile(network);
+}
+
+// As findCalibration, but a Fault where there is none that can be used.
+Calibration needCalibration(const std::string& named, const std::string& network) {
+  const std::string beside = defaultCalibrationFile(network);
+  if (named.empty() && !std::filesystem::exists(pathOf(beside))) {
+    throw Fault(network, "has no calibration; make one with: " + howToCalibrate(network));
+  }
+  return readCalibration(named.empty() ? beside : named, fingerprintOf(networkTable));
 }
 
 const Calibration* pointerTo(const std::optional<Calibration>& calibration) {
@@ -195,10 +205,27 @@ void runGames(const Arguments& arguments) {
   print(arguments.json ? textOf(gamesJson(reports)) : gamesText(reports));
 }
 
+void runAnnotate(const Arguments& arguments) {
+  std::vector<std::string> inputs = inputsOf(arguments);
+  inputs.push_back(arguments.calibration.empty() ? defaultCalibrationFile(arguments.network)
+                                                 : arguments.calibration);
+  refuseInput(arguments.output, inputs);
+  if (!arguments.force && holdsSomething(arguments.output)) {
+    throw Fault(arguments.output, "exists; choose another name, or replace it with --force");
+  }
+  networkTable = readNetwork(arguments.network);
+  const Calibration calibration = needCalibration(arguments.calibration, arguments.network);
+  const Annotation annotation = annotateGames(arguments.files.front(), calibration, progress());
+  writeReport(arguments.output, annotation.text);
+  // Not on standard output, which may be what -o names.
+  for (const std::string& line : annotationLines(annotation.tally)) note(line);
+  noteWritten(arguments.output);
+}
+
 void runReport(const Arguments& arguments) {
   std::vector<std::string> inputs = inputsOf(arguments);
   if (!arguments.calibration.empty()) inputs.push_back(arguments.calibration);
-  refuseHarm(arguments.page, inputs, pageMarker, "page");
+  refuseHarm(arguments.output, inputs, pageMarker, "page");
   networkTable = readNetwork(arguments.network);
   PageInput input{arguments.network, arguments.learnedFrom, {}, {}, {}};
   input.calibration = findCalibration(arguments.calibration, arguments.network);
@@ -207,8 +234,8 @@ void runReport(const Arguments& arguments) {
     if (!input.calibration) input.calibration = calibrate(arguments.network, networkTable, validation);
     input.games = followGames(validation.files, chooseGames(validation, *input.calibration, gamesOfPage));
   }
-  writeReport(arguments.page, reportPage(pageData(input, networkTable)));
-  noteWritten(arguments.page);
+  writeReport(arguments.output, reportPage(pageData(input, networkTable)));
+  noteWritten(arguments.output);
 }
 
 }  // namespace quorvane::inspect

@@ -11,6 +11,7 @@ void runExplain(const Arguments& arguments);
 void runValidate(const Arguments& arguments);
 void runCompare(const Arguments& arguments);
 void runGames(const Arguments& arguments);
+void runAnnotate(const Arguments& arguments);
 void runReport(const Arguments& arguments);
 
 }  // namespace quorvane::inspect

@@ -15,6 +15,15 @@ PgnDatabase loadAnyGames(const std::string& fileName);
 // without tags, moves and result is none.
 PgnDatabase loadGames(const std::string& fileName);
 
+// The bytes of a file, and the games that the utility makes of them.
+struct GameText {
+  std::string bytes;
+  PgnDatabase database;
+};
+
+// The same as loadGames, with the bytes. Reads the file once, and so takes a pipe as well.
+GameText loadGameText(const std::string& fileName);
+
 std::int32_t gameCount(PgnDatabase& database);
 
 }  // namespace quorvane::inspect

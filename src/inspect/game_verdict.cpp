@@ -42,20 +42,17 @@ class Replay : public Board {
       note(verdict, refusal(move));
       break;
     }
-    if (verdict.oddity != Oddity::none) return;
-    verdict.ply = history->depth;
-    if (verdict.samples == 0) {
-      verdict.oddity =
-          history->depth < QuietPositions::shortestGame ? Oddity::tooShort : Oddity::noQuietPosition;
-    }
+    if (verdict.oddity == Oddity::none) verdict.ply = history->depth;
   }
 
  private:
-  // The index of the last result among the tokens.
+  // The index of the last result among the tokens, their number without one.
   std::int32_t resultToken() const {
-    auto index = static_cast<std::int32_t>(game.tokens.size()) - 1;
-    while (index >= 0 && !isResult(game.tokens[static_cast<std::size_t>(index)])) --index;
-    return index;
+    const auto count = static_cast<std::int32_t>(game.tokens.size());
+    for (std::int32_t index = count - 1; index >= 0; --index) {
+      if (isResult(game.tokens[static_cast<std::size_t>(index)])) return index;
+    }
+    return count;
   }
 
   // The token that nextMove has just read.
@@ -200,6 +197,15 @@ GameVerdict judgeGame(PgnGame& game, const QuietPositions::Visit& visit) {
     ++verdict.samples;
     visit(target);
   });
+  Replay(game).judge(verdict);
+  if (verdict.oddity == Oddity::none && verdict.samples == 0) {
+    verdict.oddity = verdict.ply < QuietPositions::shortestGame ? Oddity::tooShort : Oddity::noQuietPosition;
+  }
+  return verdict;
+}
+
+GameVerdict judgeMoves(PgnGame& game) {
+  GameVerdict verdict;
   Replay(game).judge(verdict);
   return verdict;
 }

@@ -60,6 +60,10 @@ struct GameTally {
 // Visits the quiet positions of a game as the utility does, and tells what came of it. The visits see the board.
 GameVerdict judgeGame(PgnGame& game, const QuietPositions::Visit& visit);
 
+// What is odd about the moves of a game, whatever its result, its length and its samples: the fields `oddity`, none where
+// all can be played, `token` and `ply`. The board is left at the end of what could.
+GameVerdict judgeMoves(PgnGame& game);
+
 // The value of a tag, "White" say; empty if the game has no such tag.
 std::string tagValue(const PgnGame& game, std::string_view name);
 

@@ -10,20 +10,29 @@ namespace quorvane::inspect {
 
 namespace fs = std::filesystem;
 
-void refuseHarm(const std::string& target, const std::vector<std::string>& inputs, std::string_view marker,
-                const std::string& what) {
+void refuseInput(const std::string& target, const std::vector<std::string>& inputs) {
   std::error_code error;
   const fs::path path = pathOf(target);
   for (const std::string& input : inputs) {
     if (target == input || fs::equivalent(path, pathOf(input), error))
       throw Fault(target, "is read, and cannot be written as well");
   }
-  const fs::file_status status = fs::status(path, error);
-  if (fs::is_directory(status)) throw Fault(target, "is a folder");
-  if (!fs::is_regular_file(status) || fs::file_size(path, error) == 0) return;
+  if (fs::is_directory(path, error)) throw Fault(target, "is a folder");
+}
+
+bool holdsSomething(const std::string& target) {
+  std::error_code error;
+  const fs::path path = pathOf(target);
+  return fs::is_regular_file(path, error) && fs::file_size(path, error) != 0;
+}
+
+void refuseHarm(const std::string& target, const std::vector<std::string>& inputs, std::string_view marker,
+                const std::string& what) {
+  refuseInput(target, inputs);
+  if (!holdsSomething(target)) return;
   constexpr std::size_t beginning = 1000;
   std::string start(beginning, '\0');
-  std::ifstream file(path, std::ios::binary);
+  std::ifstream file(pathOf(target), std::ios::binary);
   file.read(start.data(), beginning);
   start.resize(static_cast<std::size_t>(file.gcount()));
   if (start.find(marker) == std::string::npos) {

@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "inspect/annotation.h"
 #include "inspect/calibration.h"
 #include "inspect/comparison.h"
 #include "inspect/explanation.h"
@@ -34,6 +35,9 @@ std::string compareText(const Contender& first, const Contender& second, const C
 std::string gamesText(const std::vector<FileReport>& files);
 // One line: how many games counted, and why the others did not.
 std::string tallyText(const GameTally& tally);
+
+// How many games were annotated, and how many were not and why, each in a line without its end.
+std::vector<std::string> annotationLines(const AnnotationTally& tally);
 
 }  // namespace quorvane::inspect
 

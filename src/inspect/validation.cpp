@@ -9,9 +9,9 @@
 #include "board/ring.h"
 #include "inspect/fault.h"
 #include "inspect/game_files.h"
+#include "inspect/piece_worth.h"
 #include "inspect/position.h"
 #include "inspect/summary.h"
-#include "network/eval_cache.h"
 #include "network/network.h"
 
 namespace quorvane::inspect {
@@ -70,7 +70,7 @@ class Validator : public Position {
 
   void addSide(Prediction& prediction, PositionType type, Side side, std::int32_t sign) {
     for (const Piece& piece : Ring(kings[side])) {
-      const double worth = worthOf(type, piece.kind, piece.configuration);
+      const double worth = worths.of(type, piece.kind, piece.configuration);
       const Square square = squareAt(relativeRank(side, rankOf(piece.square)), fileOf(piece.square));
       validation.worth[type][piece.kind][square].add(worth);
       prediction.value += sign * worth;
@@ -78,20 +78,8 @@ class Validator : public Position {
     }
   }
 
-  // Rounds to 32 bits, as the caches of the evaluation do.
-  double worthOf(PositionType type, PieceKind kind, ConfigurationWord word) {
-    CacheEntry& entry = caches[type][kind].entryFor(word);
-    if (entry.word != word) {
-      double sum = 0.0;
-      forEachFiringNode(networkTable[type][kind], word,
-                        [&](const PatternNode& node) { sum += static_cast<double>(node.weight); });
-      entry = {word, static_cast<float>(sum)};
-    }
-    return static_cast<double>(entry.value);
-  }
-
   Network classifier{Network::TableAsItStands{}};
-  Table<Table<EvalCache, pieceKindCount>, positionTypeCount> caches;
+  PieceWorths worths;
   Validation validation;
 };
 

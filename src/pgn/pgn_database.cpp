@@ -65,7 +65,10 @@ void PgnDatabase::load(const std::string& name) {
   if (name.find('\0') != std::string::npos) return;
   // As the bytes are: in text mode Windows would end the file at a byte of 26.
   std::ifstream file(pathOf(name), std::ios::binary);
-  if (!file) return;
+  if (file) load(file);
+}
+
+void PgnDatabase::load(std::istream& file) {
   PgnScanner scanner(file);
   PgnGame usualStart;
   readStart(usualStart, usualStartTag);

@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <deque>
+#include <istream>
 #include <string>
 
 #include "pgn/pgn_game.h"
@@ -17,6 +18,8 @@ class PgnDatabase {
   // adds no game, and whatever the others hold is taken for what can be made of it. Every game gets a start
   // position that the board can hold: that of its last FEN tag, or the usual one.
   void load(const std::string& name);
+  // The same with what is left of an open file.
+  void load(std::istream& file);
 
   // The game at `index`, from 0, rewound to its first token; null if there is none. Valid until
   // clear.
