@@ -7,7 +7,7 @@ project=$(realpath "$1")
 program=$(realpath "$2")
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
-mkdir -p "$work/project/build/release/src" "$work/project/src" "$work/project/tools" "$work/here"
+mkdir -p "$work/project/build/release/src" "$work/project/src" "$work/project/tools" "$work/here" "$work/temporary"
 cp "$project/run" "$work/project"
 ln -s "$program" "$work/project/build/release/src/quorvane-learn"
 touch "$work/project/CMakeLists.txt" "$work/project/build/release/sources-seen"
@@ -19,10 +19,10 @@ expect() {
   name=$1
   local status=$2 errors=$3 got=0
   shift 3
-  ../project/run "$@" >../output 2>../errors || got=$?
+  TMPDIR=$work/temporary ../project/run "$@" >../output 2>../errors || got=$?
   [ $got -eq "$status" ] || fail "status $got instead of $status"
   [ "$(cat ../errors)" = "$errors" ] || fail "said '$(cat ../errors)' instead of '$errors'"
-  [ -z "$(find . -name 'network.dat.*')" ] || fail "left $(find . -name 'network.dat.*')"
+  [ -z "$(find . ../temporary -name 'network.dat.*' -o -type l -name '[0-9]*')" ] || fail 'something was left'
 }
 expect_network() { cmp -s network.dat "$1" || fail "network.dat is another"; }
 
@@ -52,9 +52,58 @@ expect_network ../learned
 expect 'games again' 0 '' games.pgn nothing.pgn
 cp "$project/examples/games.pgn" many.pgn
 expect 'a network of many patterns' 0 '' many.pgn
+
+# Files that the utility's prompt could not be told, or that can be read only once, give what a plain name gives.
+rm network.dat
+expect 'a plain name' 0 '' games.pgn
+cp network.dat ../plain
+for odd in $'my games\t\n.pgn' $'-\n' quit; do
+  cp -- games.pgn "$odd"
+  rm network.dat
+  expect "a file named '$odd'" 0 '' "$odd"
+  expect_network ../plain
+done
+mkdir '../a folder'
+mv 'quit' '../a folder/my games.pgn'
+gzip -k games.pgn
+rm network.dat
+expect 'a whole path with blanks' 0 '' "$work/a folder/my games.pgn"
+expect_network ../plain
+rm network.dat
+expect 'what is unpacked on the way' 0 '' <(zcat games.pgn.gz)
+expect_network ../plain
+expect 'several at once' 0 '' '../a folder/my games.pgn' <(zcat games.pgn.gz) $'my games\t\n.pgn'
+[ "$(grep -A1 '^Processing pgn games' ../output | tr -cd . | wc -c)" -eq $((3 * 40 + 1)) ] || fail 'not all games were seen'
+expect 'help' 0 '' games.pgn --help
+grep -q '^Usage: ' ../output || fail 'no usage'
+expect 'an option' 2 "run: there is no option and no file '--quick'; ./run --help tells what there is" --quick
+expect 'a folder with a blank' 2 "run: '../a folder' is a folder" '../a folder'
+expect 'a missing file with a blank' 2 "run: there is no file 'my gmaes.pgn'" 'my gmaes.pgn'
 expect 'a folder' 2 "run: '.' is a folder" .
 expect 'a missing file' 2 "run: there is no file 'missing.pgn'" missing.pgn
 grep -q '^Processing pgn games: ' ../output && fail 'it was started'
+
+# A build says what it does, on standard error alone.
+mkdir ../bin
+echo '#!/bin/sh' | tee ../project/tools/install-packages >../bin/cmake
+cat >>../bin/cmake <<END
+echo '[ 50%] Building'
+[ ! -e broken ] || exit 1
+[ "\$1" != --build ] || ln -sf '$program' build/release/src/quorvane-learn
+END
+chmod +x ../bin/cmake ../project/tools/install-packages
+PATH=$work/bin:$PATH
+rm ../project/build/release/src/quorvane-learn
+touch ../project/broken
+building="Building the utility in $work/project/build/release; the first time this may take a minute"
+expect 'a build that fails' 1 "$building
+[ 50%] Building
+run: the build failed" games.pgn
+rm ../project/broken
+expect 'a first build' 0 "$building" games.pgn
+grep 'Building$' ../output && fail 'the build prints to standard output'
+touch ../project/src/console.cpp
+expect 'a build of changed sources' 0 'Building the utility anew, as its sources have changed' games.pgn
 
 # A limit on the size of files is a full disk.
 cp ../learned network.dat

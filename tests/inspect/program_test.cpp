@@ -226,7 +226,7 @@ TEST_F(InspectProgram, UsageIsTakenAsPeopleMeanIt) {
             "quorvane-inspect: unknown command 'valdate', did you mean 'validate'?\n");
   EXPECT_EQ(inspect("no-command").errors,
             "quorvane-inspect: unknown command 'no-command'; there are show, explain, validate, compare, "
-            "games, report\n");
+            "games, annotate, report\n");
   expectFault("validate few.pgn network.dat", "network.dat: is a network, not a file of games");
   expectFault("games network.dat", "network.dat: is a network, not a file of games");
   EXPECT_TRUE(inspect("report -o page.html").errors.starts_with("quorvane-inspect: wrote page.html, "));

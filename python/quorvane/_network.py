@@ -1,0 +1,190 @@
+"""Networks that are open."""
+
+from __future__ import annotations
+
+import os
+import threading
+from collections.abc import Callable, Iterable
+from ctypes import byref, c_char_p, c_double, c_int, c_size_t, create_string_buffer
+from itertools import groupby, islice
+from types import TracebackType
+from typing import Any
+
+from ._errors import NetworkError, refused
+from ._explanation import Explanation, explanation_of
+from ._library import Worth, library, status_text
+from ._positions import NUL_IN_FEN, Board, GivenPosition, encoded, read_board, read_position
+
+
+def open_network(file: str | bytes | os.PathLike[str] | os.PathLike[bytes]) -> Network:
+    """Reads a network file. Raises NetworkError if there is none, or if it is damaged."""
+    return Network(file)
+
+
+class _Handle:
+    """What the library has handed out, given back when nobody holds it any more.
+
+    A call holds what it is given until it returns, on whatever thread, so nothing is freed under its feet.
+    """
+
+    __slots__ = ("_as_parameter_", "_free", "_needed")
+
+    def __init__(self, pointer: int, free: Callable[[Any], None], needed: _Handle | None = None) -> None:
+        self._as_parameter_ = pointer
+        self._free = free
+        self._needed = needed  # goes after this one
+
+    def __del__(self) -> None:
+        self._free(self)
+
+
+class Network:
+    """A network that was learned; made by `open_network`.
+
+    It does not change, and any number of threads may use it at once. Close it, or leave a `with` statement on it, to
+    free its memory at once rather than when nothing refers to it; what other threads are at by then, they finish.
+    Once it is closed all that it is asked raises NetworkError, but for closing it again, which does nothing.
+    """
+
+    def __init__(self, file: str | bytes | os.PathLike[str] | os.PathLike[bytes]) -> None:
+        self._name = os.fsdecode(file)
+        path = os.fsencode(file)
+        if b"\0" in path:
+            raise _complaint(self._name, "the name of a file holds no NUL character")
+        error = create_string_buffer(512)
+        pointer = library.quorvane_network_open(path, error, len(error))
+        if pointer is None:
+            raise _complaint(self._name, error.value.decode(errors="replace"))
+        self._network: _Handle | None = _Handle(pointer, library.quorvane_network_close)
+        self._caches = threading.local()  # one thread at a time may use a cache
+
+    def evaluate(self, position: GivenPosition) -> float:
+        """The value of a FEN or a board, as the side to move sees it. Raises PositionError if it has none."""
+        return _evaluate(self._cache(), position)
+
+    def evaluate_many(self, positions: Iterable[GivenPosition]) -> list[float]:
+        """The values of many FENs or boards in their order, each as `evaluate` gives it.
+
+        Much faster for FENs than one by one. Raises PositionError, whose `index` tells which it is, for the first that
+        has no value.
+        """
+        if isinstance(positions, str):
+            raise TypeError("evaluate_many takes many positions; evaluate takes one")
+        cache = self._cache()
+        remaining = iter(positions)
+        values: list[float] = []
+        while batch := list(islice(remaining, _BATCH)):
+            for are_fens, run in groupby(batch, _is_fen):
+                if are_fens:
+                    _evaluate_fens(cache, list(run), values)  # type: ignore[arg-type]
+                else:
+                    _evaluate_boards(cache, run, values)  # type: ignore[arg-type]
+        return values
+
+    def explain(self, position: GivenPosition) -> Explanation:
+        """What each piece of a FEN or a board is worth, and by which features."""
+        network = self._open()
+        worth = Worth()
+        _check(library.quorvane_explain(network, byref(read_position(position)), byref(worth)), position)
+        return explanation_of(worth)
+
+    def position_type(self, position: GivenPosition) -> int:
+        """The type of a FEN or a board by its material, 0 to 13; each type was learned on its own."""
+        self._open()
+        position_type = c_int()
+        _check(library.quorvane_position_type(byref(read_position(position)), byref(position_type)), position)
+        return position_type.value
+
+    def knows(self, position_type: int) -> bool:
+        """Whether the network has patterns for positions of a type; all of them are worth 0 if not."""
+        return bool(library.quorvane_network_knows(self._open(), position_type))
+
+    @property
+    def name(self) -> str:
+        """The file's name as it was given."""
+        return self._name
+
+    @property
+    def closed(self) -> bool:
+        return self._network is None
+
+    def close(self) -> None:
+        self._network = None
+        self._caches = threading.local()
+
+    def __enter__(self) -> Network:
+        self._open()
+        return self
+
+    def __exit__(
+        self, kind: type[BaseException] | None, error: BaseException | None, trace: TracebackType | None
+    ) -> None:
+        self.close()
+
+    def __repr__(self) -> str:
+        return f"<{'closed ' if self.closed else ''}quorvane.Network {self._name!r}>"
+
+    def _open(self) -> _Handle:
+        network = self._network
+        if network is None:
+            raise _complaint(self._name, "the network is closed")
+        return network
+
+    def _cache(self) -> _Handle:
+        """The cache of this thread."""
+        caches = self._caches  # before the network: a close in between takes the cache along
+        network = self._open()
+        cache: _Handle | None = getattr(caches, "cache", None)
+        if cache is None:
+            pointer = library.quorvane_cache_new(network)
+            if pointer is None:
+                raise MemoryError("no memory for a cache")
+            cache = _Handle(pointer, library.quorvane_cache_free, network)
+            caches.cache = cache
+        return cache
+
+
+_BATCH = 16384
+
+
+def _complaint(name: str, reason: str) -> NetworkError:
+    # Names may hold bytes that are no text, which could not be printed.
+    return NetworkError(f"{name.encode(errors='backslashreplace').decode()}: {reason}")
+
+
+def _is_fen(position: GivenPosition) -> bool:
+    return isinstance(position, str)
+
+
+def _check(status: int, position: GivenPosition) -> None:
+    if status != 0:
+        raise refused(status_text(status), position)
+
+
+def _evaluate(cache: _Handle, position: GivenPosition, index: int | None = None) -> float:
+    value = c_double()
+    status = library.quorvane_evaluate_cached(cache, byref(read_position(position)), byref(value))
+    if status != 0:
+        raise refused(status_text(status), position, index)
+    return value.value
+
+
+def _evaluate_boards(cache: _Handle, boards: Iterable[Board], values: list[float]) -> None:
+    for board in boards:
+        index = len(values)
+        try:
+            values.append(_evaluate(cache, board, index))
+        except TypeError as error:
+            raise TypeError(f"position {index}: {error}") from error
+
+
+def _evaluate_fens(cache: _Handle, fens: list[str], values: list[float]) -> None:
+    texts = (c_char_p * len(fens))(*map(encoded, fens))
+    found = (c_double * len(fens))()
+    done = c_size_t()
+    status = library.quorvane_evaluate_fens(cache, texts, len(fens), found, byref(done))
+    if status != 0:
+        fen = fens[done.value]
+        reason = NUL_IN_FEN if "\0" in fen else status_text(status)
+        raise refused(reason, fen, len(values) + done.value)
+    values += found[:]

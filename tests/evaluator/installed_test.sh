@@ -1,0 +1,59 @@
+#!/usr/bin/env bash
+# installed_test.sh SOURCES BUILD: installs a build into a new prefix, moves that to one with a blank in its name, and
+# uses it from there as others would: a C program by way of CMake and of pkg-config, shared and static, as C99 and as
+# C++, and the Python module. Skipped, with status 77, where there is no pkg-config.
+set -euo pipefail
+
+sources=$1 build=$2
+command -v pkg-config >/dev/null || exit 77
+work=$(mktemp -d)
+trap 'rm -rf "$work"' EXIT
+fail() {
+  echo "failed: $*" >&2
+  cat "$work/log" >&2
+  exit 1
+}
+
+cmake --install "$build" --prefix "$work/first" >"$work/log" || fail "cmake --install"
+prefix="$work/moved prefix"
+mv "$work/first" "$prefix"
+libraries=$(dirname "$(find "$prefix" -name libquorvane-evaluator.a)")
+export LD_LIBRARY_PATH=$libraries PKG_CONFIG_PATH=$libraries/pkgconfig
+cd "$work"
+
+others=$(nm -D --defined-only "$libraries/libquorvane-evaluator.so" | grep -v ' quorvane_' || true)
+[ -z "$others" ] || fail "the shared library shows more than its interface: $others"
+
+program=$sources/examples/evaluate.c
+cmake -S "$sources/tests/evaluator/consumer" -B cmake -D EVALUATE_C="$program" -D CMAKE_PREFIX_PATH="$prefix" \
+  -D CMAKE_C_FLAGS='-std=c99 -Wall -Wextra -Wpedantic -Werror' >log 2>&1 || fail "find_package"
+cmake --build cmake >log 2>&1 || fail "building by way of CMake"
+flags() { pkg-config "$@" quorvane-evaluator | xargs -n 1 printf '%s\0'; }
+mapfile -d '' -t shared < <(flags --cflags --libs)
+mapfile -d '' -t static < <(flags --cflags --static --libs)
+cc -std=c99 -pedantic-errors "$program" "${shared[@]}" -o by-pkg-config 2>log || fail "building by way of pkg-config"
+cc -DQUORVANE_STATIC "$program" -Wl,-Bstatic "${static[@]/-lstdc++/-Wl,-Bdynamic}" -lstdc++ -lm -o by-pkg-config-static \
+  2>log || fail "building a static program by way of pkg-config"
+c++ -std=c++11 -Wall -Wextra -Werror -x c++ "$program" -x none "${shared[@]}" -o as-cpp 2>log || fail "building as C++"
+
+"$prefix/bin/quorvane-learn" < <(printf '%s\nno\n' "$sources/examples/games.pgn") >log
+fen='8/2k5/2p5/2P5/2K5/3N4/8/8 w - - 0 1'
+expected=$(./as-cpp network.dat "$fen" 2>log) || fail "evaluating"
+if [ -x "$prefix/bin/quorvane-inspect" ]; then
+  "$prefix/bin/quorvane-inspect" explain --fen "$fen" >log 2>&1 || fail "quorvane-inspect"
+  grep -qF "White to move: $expected" log || fail "the inspector says something else than $expected"
+fi
+if python3 -c 'import sys; assert sys.version_info >= (3, 11)' 2>/dev/null; then
+  module=$(dirname "$(find "$prefix" -name quorvane -path '*/dist-packages/*')")
+  code='import quorvane, sys; print(f"{quorvane.open_network(sys.argv[1]).evaluate(sys.argv[2]):+.2f}")'
+  got=$(env -u LD_LIBRARY_PATH PYTHONPATH="$module" python3 -c "$code" network.dat "$fen" 2>log) ||
+    fail "the Python module"
+  [ "$got" = "$expected" ] || fail "the Python module says '$got'"
+fi
+for built in cmake/shared cmake/static ./by-pkg-config ./by-pkg-config-static; do
+  [ "$("$built" network.dat "$fen" 2>&1)" = "$expected" ] || fail "$built says something else than $expected"
+  got=$("$built" network.dat "8/8 w" 2>&1) && fail "$built takes what is no FEN"
+  [ "$got" = "8/8 w: the board of the FEN is not made of 8 ranks of 8 files" ] || fail "$built says '$got'"
+  got=$("$built" "$program" "$fen" 2>&1) && fail "$built takes what is no network"
+  [ "$got" = "$program: is no network file of version 1" ] || fail "$built says '$got'"
+done
