@@ -54,7 +54,8 @@ same() { [ "$2" = "$3" ] || fail "$1: '$(paste -sd' ' <<<"$2")' instead of '$(pa
 help_options() { "$inspect" "$@" --help | grep -oE '^ *-[-a-z,]+' | tr -d ' ' | tr , '\n' | sort; }
 # The options below a heading of the page.
 page_options() {
-  sed -n "/^\.Ss $1\$/,/^\.S[hs] [^$1]/s/^\.It Fl //p" "$project/man/quorvane-inspect.1" |
+  awk -v heading=".Ss $1" '/^\.S[hs] / { below = $0 == heading } below && sub(/^\.It Fl /, "")' \
+    "$project/man/quorvane-inspect.1" |
     grep -oE '(^|, Fl )(Fl )?[-a-z]+' | sed -E 's/^, Fl //; s/^Fl /--/; s/^([a-z])/-\1/'
 }
 if [ -n "$inspect" ]; then
