@@ -7,7 +7,7 @@
 namespace quorvane {
 
 Terminal::Terminal() = default;
-Terminal::~Terminal() = default;
+Terminal::~Terminal() {}
 
 bool errorsAreWatched() {
   return isatty(STDERR_FILENO) == 1;
