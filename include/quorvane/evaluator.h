@@ -7,9 +7,10 @@
  * Functions that can fail give one of quorvane_status, which quorvane_status_text puts into words, and touch what they
  * should fill only if they succeed.
  *
- * A value is what the side to move may expect, in the unit in which the network was learned: up to 150 near the end of
- * a game that is won, less the further off the end is and the less the winner dominates, and the same below zero for a
- * loss. It is no number of pawns; quorvane-inspect tells what a value means in points. */
+ * A value is what the side to move may expect, in the unit in which the network was learned: mostly 40 to 100 at the end
+ * of a game that is won, more if the material was less even through the game, less the further off the end is; 0 for a
+ * draw, and the same below zero for a loss. There is no greatest value. It is no number of pawns; quorvane-inspect tells
+ * what a value means in points. */
 #ifndef QUORVANE_EVALUATOR_H_
 #define QUORVANE_EVALUATOR_H_
 
