@@ -45,7 +45,7 @@ QUORVANE_API const char* quorvane_version(void) QUORVANE_NOEXCEPT;
 enum quorvane_status {
   QUORVANE_OK = 0,
   QUORVANE_NULL_POINTER = 1,        /* an argument that may not be null is */
-  QUORVANE_OUT_OF_MEMORY = 2,       /* */
+  QUORVANE_OUT_OF_MEMORY = 2,       /* no call gives this one as yet; quorvane_network_open says its text */
   QUORVANE_FEN_BOARD = 3,           /* the first field of the FEN is not 8 ranks of 8 files */
   QUORVANE_FEN_SIDE = 4,            /* the second field of the FEN is not "w" or "b" */
   QUORVANE_FEN_CASTLING = 5,        /* the third field is not "-", nor made of the letters that stand for castling */
