@@ -44,19 +44,19 @@ QUORVANE_API const char* quorvane_version(void) QUORVANE_NOEXCEPT;
 /* Why a call failed. New reasons may come, with higher numbers. */
 enum quorvane_status {
   QUORVANE_OK = 0,
-  QUORVANE_NULL_POINTER = 1,        /* an argument that may not be null is */
-  QUORVANE_OUT_OF_MEMORY = 2,       /* no call gives this one as yet; quorvane_network_open says its text */
-  QUORVANE_FEN_BOARD = 3,           /* the first field of the FEN is not 8 ranks of 8 files */
-  QUORVANE_FEN_SIDE = 4,            /* the second field of the FEN is not "w" or "b" */
-  QUORVANE_FEN_CASTLING = 5,        /* the third field is not "-", nor made of the letters that stand for castling */
-  QUORVANE_FEN_EN_PASSANT = 6,      /* the fourth field is not "-", nor a square */
-  QUORVANE_PIECE_COUNT = 7,         /* fewer than 0 or more than 32 pieces, or more than 16 of a side */
-  QUORVANE_PIECE_UNKNOWN = 8,       /* a piece is none of quorvane_piece */
-  QUORVANE_SQUARE_RANGE = 9,        /* a square is not 0 to 63 */
-  QUORVANE_SQUARE_TAKEN = 10,       /* two pieces stand on one square */
-  QUORVANE_KING_COUNT = 11,         /* a side has no king, or more than one */
-  QUORVANE_PAWN_ON_LAST_RANK = 12,  /* a white pawn on rank 8 or a black one on rank 1 */
-  QUORVANE_SIDE_UNKNOWN = 13        /* the side to move is neither QUORVANE_WHITE nor QUORVANE_BLACK */
+  QUORVANE_NULL_POINTER = 1,  /* an argument that may not be null is */
+  QUORVANE_OUT_OF_MEMORY = 2, /* no call gives this one as yet; quorvane_network_open says its text */
+  QUORVANE_FEN_BOARD = 3,     /* the first field of the FEN is not 8 ranks of 8 files */
+  QUORVANE_FEN_SIDE = 4,      /* the second field of the FEN is not "w" or "b" */
+  QUORVANE_FEN_CASTLING = 5, /* the third field is not "-", nor made of the letters that stand for castling */
+  QUORVANE_FEN_EN_PASSANT = 6,     /* the fourth field is not "-", nor a square */
+  QUORVANE_PIECE_COUNT = 7,        /* fewer than 0 or more than 32 pieces, or more than 16 of a side */
+  QUORVANE_PIECE_UNKNOWN = 8,      /* a piece is none of quorvane_piece */
+  QUORVANE_SQUARE_RANGE = 9,       /* a square is not 0 to 63 */
+  QUORVANE_SQUARE_TAKEN = 10,      /* two pieces stand on one square */
+  QUORVANE_KING_COUNT = 11,        /* a side has no king, or more than one */
+  QUORVANE_PAWN_ON_LAST_RANK = 12, /* a white pawn on rank 8 or a black one on rank 1 */
+  QUORVANE_SIDE_UNKNOWN = 13       /* the side to move is neither QUORVANE_WHITE nor QUORVANE_BLACK */
 };
 
 /* The status in words, "two pieces stand on one square"; "unknown status" for a number that is none. Lives as long as
@@ -67,8 +67,8 @@ QUORVANE_API const char* quorvane_status_text(int status) QUORVANE_NOEXCEPT;
 
 typedef struct quorvane_network quorvane_network;
 
-/* Reads the network file `path`, UTF-8, whole and strictly: what quorvane-learn wrote is taken, a file that is cut
- * short or damaged is not. Null on failure, with the reason in `error`, one line, cut to `error_size` bytes with the
+/* Reads the network file `path`, UTF-8, whole and strictly: what quorvane-learn has learned is taken, a file that is cut
+ * short or damaged, or has a weight that is no finite number, is not. Null on failure, with the reason in `error`, one line, cut to `error_size` bytes with the
  * NUL behind it; `error` may be null if `error_size` is 0. The caller closes the network. */
 QUORVANE_API quorvane_network* quorvane_network_open(const char* path, char* error,
                                                      size_t error_size) QUORVANE_NOEXCEPT;
@@ -113,15 +113,15 @@ enum { QUORVANE_MAX_PIECES = 32 };
 typedef struct quorvane_position {
   int32_t count; /* of the pieces, 0 to 32 */
   struct {
-    uint8_t piece;  /* quorvane_piece */
-    uint8_t square; /* a1 = 0, b1 = 1, ... h8 = 63 */
+    uint8_t piece;               /* quorvane_piece */
+    uint8_t square;              /* a1 = 0, b1 = 1, ... h8 = 63 */
   } pieces[QUORVANE_MAX_PIECES]; /* in any order */
   uint8_t side_to_move;          /* quorvane_side */
-  uint8_t white_castled;         /* not 0 if the side has castled earlier in the game, which a king is valued by; */
-  uint8_t black_castled;         /* 0 if it has not, or if nobody knows */
+  uint8_t white_castled; /* not 0 if the side has castled earlier in the game, which a king is valued by; */
+  uint8_t black_castled; /* 0 if it has not, or if nobody knows */
 } quorvane_position;
 
-/* Reads a FEN: at least its first two fields, with blanks or tabs between them and any white space around. The third
+/* Reads a FEN: at least its first two fields, with any white space between and around them. The third
  * and the fourth must be well formed if they are there, and what comes behind them, clocks or operations of an EPD, is
  * not looked at; none of it makes a difference to a value. A FEN does not tell who has castled: nobody. */
 QUORVANE_API int quorvane_read_fen(const char* fen, quorvane_position* position) QUORVANE_NOEXCEPT;
@@ -153,10 +153,10 @@ typedef struct quorvane_explanation {
   int32_t type;  /* of the position */
   int32_t count; /* of the pieces */
   struct {
-    double value;   /* what the piece is worth to its own side */
-    uint32_t word;  /* its features, one bit each; quorvane_feature_name tells what they mean */
-    uint8_t piece;  /* quorvane_piece */
-    uint8_t square; /* a1 = 0, h8 = 63 */
+    double value;                /* what the piece is worth to its own side */
+    uint32_t word;               /* its features, one bit each; quorvane_feature_name tells what they mean */
+    uint8_t piece;               /* quorvane_piece */
+    uint8_t square;              /* a1 = 0, h8 = 63 */
   } pieces[QUORVANE_MAX_PIECES]; /* in the order of their squares */
 } quorvane_explanation;
 

@@ -52,7 +52,7 @@ class Explanation:
 
 def type_name(position_type: int) -> str:
     """What a type of positions is: "material 70 and more". Raises ValueError if it is not 0 to 13."""
-    name: bytes | None = library.quorvane_type_name(position_type)
+    name: bytes | None = library.quorvane_type_name(position_type) if 0 <= position_type < 14 else None
     if name is None:
         raise ValueError(f"types are 0 to 13, not {position_type}")
     return name.decode()

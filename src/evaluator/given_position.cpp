@@ -7,6 +7,9 @@ static_assert(int{QUORVANE_WHITE_PAWN} == pawnKind && int{QUORVANE_WHITE_KNIGHT}
               int{QUORVANE_WHITE_BISHOP} == bishopKind && int{QUORVANE_WHITE_ROOK} == rookKind &&
               int{QUORVANE_WHITE_QUEEN} == queenKind && int{QUORVANE_WHITE_KING} == kingKind);
 static_assert(int{QUORVANE_MAX_PIECES} == 2 * piecesPerSide);
+// Programs that were built with the header, and the Python module, rely on it.
+static_assert(sizeof(quorvane_position) == 72 && alignof(quorvane_position) == 4);
+static_assert(sizeof(quorvane_explanation) == 528);
 
 quorvane_status readPosition(const quorvane_position& position, PieceSets& sets) {
   if (position.count < 0 || position.count > QUORVANE_MAX_PIECES) return QUORVANE_PIECE_COUNT;

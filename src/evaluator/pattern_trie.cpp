@@ -1,6 +1,8 @@
 #include "evaluator/pattern_trie.h"
 
 #include <bit>
+#include <limits>
+#include <stdexcept>
 
 namespace quorvane::evaluator {
 
@@ -24,6 +26,8 @@ void PatternTrie::addTrees(const NodeList& list, std::size_t begin, std::size_t 
   const std::int32_t lowest = std::countr_zero(childBits);
   const std::size_t block = nodes.size();
   const std::int32_t places = static_cast<std::int32_t>(std::bit_width(childBits)) - lowest;
+  if (block > std::numeric_limits<std::uint32_t>::max() - 32)
+    throw std::length_error("holds too many patterns");
   nodes.resize(block + static_cast<std::size_t>(places));
   nodes[parent].childBits = childBits;
   nodes[parent].children = static_cast<std::uint32_t>(block) - static_cast<std::uint32_t>(lowest);

@@ -15,7 +15,7 @@ namespace quorvane::evaluator {
 class PatternTrie {
  public:
   PatternTrie() = default;
-  // Of a list that was read strictly.
+  // Of a list that was read strictly. Throws std::length_error if it is too long for 32-bit places.
   explicit PatternTrie(const NodeList& list);
 
   bool hasPatterns() const { return nodes.front().childBits != 0; }
