@@ -12,7 +12,7 @@ cd "$work" || exit 1
 command -v mandoc >/dev/null || { echo 'mandoc is not here'; exit 77; }
 
 fail() { echo "$1" | tee -a failures; }
-page() { MANWIDTH=80 mandoc -Tascii "$project/man/$1" | col -bx; }
+page() { MANWIDTH=80 mandoc -Tascii "$project/man/$1" | sed "s/.\x08//g"; }
 
 # Whether the pages of this folder are installed as well is not asked.
 mandoc -Tlint "$project"/man/*.[13] | grep -v 'referenced manual not found: Xr quorvane-' >lint && fail "$(cat lint)"
