@@ -18,6 +18,7 @@ namespace {
 template <typename Position>
 auto piecesOf(const Position& position) {
   std::vector<std::pair<std::int32_t, std::int32_t>> pieces;
+  pieces.reserve(QUORVANE_MAX_PIECES);
   for (std::int32_t i = 0; i < position.count; ++i)
     pieces.emplace_back(position.pieces[i].square, position.pieces[i].piece);
   std::ranges::sort(pieces);

@@ -7,9 +7,10 @@
  * Functions that can fail give one of quorvane_status, which quorvane_status_text puts into words, and touch what they
  * should fill only if they succeed.
  *
- * A value is what the side to move may expect, in the unit in which the network was learned: up to 150 near the end of
- * a game that is won, less the further off the end is and the less the winner dominates, and the same below zero for a
- * loss. It is no number of pawns; quorvane-inspect tells what a value means in points. */
+ * A value is what the side to move may expect, in the unit in which the network was learned: mostly 40 to 100 at the end
+ * of a game that is won, more if the material was less even through the game, less the further off the end is; 0 for a
+ * draw, and the same below zero for a loss. There is no greatest value. It is no number of pawns; quorvane-inspect tells
+ * what a value means in points. */
 #ifndef QUORVANE_EVALUATOR_H_
 #define QUORVANE_EVALUATOR_H_
 
@@ -44,7 +45,7 @@ QUORVANE_API const char* quorvane_version(void) QUORVANE_NOEXCEPT;
 enum quorvane_status {
   QUORVANE_OK = 0,
   QUORVANE_NULL_POINTER = 1,        /* an argument that may not be null is */
-  QUORVANE_OUT_OF_MEMORY = 2,       /* */
+  QUORVANE_OUT_OF_MEMORY = 2,       /* no call gives this one as yet; quorvane_network_open says its text */
   QUORVANE_FEN_BOARD = 3,           /* the first field of the FEN is not 8 ranks of 8 files */
   QUORVANE_FEN_SIDE = 4,            /* the second field of the FEN is not "w" or "b" */
   QUORVANE_FEN_CASTLING = 5,        /* the third field is not "-", nor made of the letters that stand for castling */

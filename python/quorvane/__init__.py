@@ -14,8 +14,9 @@ A position is a FEN, of which the first two fields will do, or a `chess.Board` o
 not need. A FEN does not tell who has castled, which a king is valued by; of a board it is read off the move stack, as
 far as that goes back.
 
-A value is what the side to move may expect, in the unit in which the network was learned: up to 150 near the end of a
-game that is won, the same below zero for a loss. It is no number of pawns.
+A value is what the side to move may expect, in the unit in which the network was learned: mostly 40 to 100 at the end
+of a game that is won, less the further off that is, 0 for a draw, and the same below zero for a loss. There is no
+greatest value, and it is no number of pawns.
 
 What cannot be evaluated raises `PositionError`, what cannot be read `NetworkError`; both are ValueErrors. The module
 needs the shared library quorvane-evaluator, which is installed with it; the environment variable QUORVANE_LIBRARY names

@@ -10,10 +10,9 @@ import os
 import sys
 from ctypes import POINTER, c_char_p, c_double, c_int, c_int32, c_size_t, c_uint8, c_uint32, c_void_p
 
-MAX_PIECES = 32
+from ._build import FOLDER, MAJOR_VERSION
 
-# The first number of the library's version; those of the same one fit each other.
-_MAJOR = "4"
+MAX_PIECES = 32
 
 
 class Position(ctypes.Structure):
@@ -47,9 +46,9 @@ class Worth(ctypes.Structure):
 
 def _load() -> ctypes.CDLL:
     name = {
-        "darwin": f"libquorvane-evaluator.{_MAJOR}.dylib",
+        "darwin": f"libquorvane-evaluator.{MAJOR_VERSION}.dylib",
         "win32": "quorvane-evaluator.dll",
-    }.get(sys.platform, f"libquorvane-evaluator.so.{_MAJOR}")
+    }.get(sys.platform, f"libquorvane-evaluator.so.{MAJOR_VERSION}")
     # By its bare name the system's loader looks for it.
     path = os.environ.get("QUORVANE_LIBRARY") or _beside(name) or name
     hint = "QUORVANE_LIBRARY may name another file"
@@ -59,17 +58,13 @@ def _load() -> ctypes.CDLL:
         found: str = loaded.quorvane_version().decode()
     except (OSError, AttributeError) as error:
         raise ImportError(f"the library quorvane-evaluator cannot be loaded: {error}; {hint}") from error
-    if found.split(".")[0] != _MAJOR:
-        raise ImportError(f"{path} has version {found}, this module needs version {_MAJOR}; {hint}")
+    if found.split(".")[0] != MAJOR_VERSION:
+        raise ImportError(f"{path} has version {found}, this module needs version {MAJOR_VERSION}; {hint}")
     return loaded
 
 
 def _beside(name: str) -> str | None:
     """The library that was built or installed together with this module, if it is still there."""
-    try:
-        from ._location import FOLDER
-    except ImportError:
-        return None
     path = os.path.join(os.path.dirname(os.path.abspath(__file__)), FOLDER, name)
     return path if os.path.exists(path) else None
 

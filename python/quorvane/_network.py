@@ -8,7 +8,7 @@ from collections.abc import Callable, Iterable
 from ctypes import byref, c_char_p, c_double, c_int, c_size_t, create_string_buffer
 from itertools import groupby, islice
 from types import TracebackType
-from typing import Any
+from typing import Any, NoReturn
 
 from ._errors import NetworkError, refused
 from ._explanation import Explanation, explanation_of
@@ -120,6 +120,9 @@ class Network:
         self, kind: type[BaseException] | None, error: BaseException | None, trace: TracebackType | None
     ) -> None:
         self.close()
+
+    def __reduce__(self) -> NoReturn:
+        raise TypeError("a network cannot be copied or pickled; open its file again instead")
 
     def __repr__(self) -> str:
         return f"<{'closed ' if self.closed else ''}quorvane.Network {self._name!r}>"

@@ -3,6 +3,8 @@
 
 #include <cstdint>
 
+#include "board/exact_arithmetic.h"
+
 namespace quorvane {
 
 // a1 = 0, h1 = 7, a8 = 56, h8 = 63.

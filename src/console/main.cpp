@@ -1,6 +1,7 @@
 #include <csignal>
 
 #include "console/console.h"
+#include "terminal/terminal.h"
 
 int main() {
 #ifdef SIGPIPE
@@ -11,5 +12,6 @@ int main() {
   // A file that may not grow is a full disk: the old network.dat stays.
   std::signal(SIGXFSZ, SIG_IGN);
 #endif
+  const quorvane::Terminal terminal;
   return quorvane::runConsole();
 }

@@ -175,6 +175,7 @@ int quorvane_evaluate_cached(quorvane_cache* cache, const quorvane_position* pos
 
 int quorvane_evaluate_fens(quorvane_cache* cache, const char* const* fens, size_t count, double* values,
                            size_t* done) noexcept {
+  if (done != nullptr) *done = 0;
   if (cache == nullptr || ((fens == nullptr || values == nullptr) && count != 0))
     return QUORVANE_NULL_POINTER;
   size_t at = 0;

@@ -23,7 +23,8 @@ void PatternTrie::addTrees(const NodeList& list, std::size_t begin, std::size_t 
   forEachTree([&](std::size_t, std::size_t, ConfigurationWord added) { childBits |= added; });
   const std::int32_t lowest = std::countr_zero(childBits);
   const std::size_t block = nodes.size();
-  nodes.resize(block + static_cast<std::size_t>(std::bit_width(childBits) - lowest));
+  const std::int32_t places = static_cast<std::int32_t>(std::bit_width(childBits)) - lowest;
+  nodes.resize(block + static_cast<std::size_t>(places));
   nodes[parent].childBits = childBits;
   nodes[parent].children = static_cast<std::uint32_t>(block) - static_cast<std::uint32_t>(lowest);
   forEachTree([&](std::size_t at, std::size_t next, ConfigurationWord added) {

@@ -24,11 +24,29 @@ std::intptr_t open(const fs::path& name, DWORD access, DWORD disposition) {
       CreateFileW(name.c_str(), access, shared, nullptr, disposition, FILE_ATTRIBUTE_NORMAL, nullptr));
 }
 
+// Tries until `done`, or until anything but another program forbids it. Scanners for viruses and backups hold on
+// to each new file, but for moments.
+template <typename Try>
+bool patiently(Try&& done) {
+  constexpr int most = 20;
+  constexpr DWORD pause = 25;  // milliseconds
+  for (int tries = 1; !done(); ++tries) {
+    const DWORD error = GetLastError();
+    if (tries == most || (error != ERROR_SHARING_VIOLATION && error != ERROR_ACCESS_DENIED)) return false;
+    Sleep(pause);
+  }
+  return true;
+}
+
 }  // namespace
 
 RawFile RawFile::existing(const fs::path& name, bool& missing) {
   // With the right to delete it: a file that another program holds on to cannot be replaced, and stays.
-  RawFile file(open(name, GENERIC_WRITE | DELETE, OPEN_EXISTING));
+  RawFile file;
+  patiently([&] {
+    file.handle = open(name, GENERIC_WRITE | DELETE, OPEN_EXISTING);
+    return file.isOpen() || GetLastError() != ERROR_SHARING_VIOLATION;
+  });
   if (!file.isOpen() && GetLastError() != ERROR_SHARING_VIOLATION) {
     file.handle = open(name, GENERIC_WRITE, OPEN_EXISTING);
   }
@@ -83,7 +101,9 @@ bool moveOver(const fs::path& from, const fs::path& to) {
   // A link would go, not the file that it leads to.
   const DWORD attributes = GetFileAttributesW(to.c_str());
   if (attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_REPARSE_POINT) != 0) return false;
-  return MoveFileExW(from.c_str(), to.c_str(), MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH) != 0;
+  return patiently([&] {
+    return MoveFileExW(from.c_str(), to.c_str(), MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH) != 0;
+  });
 }
 
 std::uint64_t processNumber() {

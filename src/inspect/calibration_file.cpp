@@ -4,6 +4,7 @@
 #include <fstream>
 
 #include "configurations/bit_names.h"
+#include "files/file_name.h"
 #include "inspect/fault.h"
 
 namespace quorvane::inspect {
@@ -88,7 +89,7 @@ Json calibrationJson(const Calibration& calibration) {
 }
 
 Calibration readCalibration(const std::string& name, const std::string& fingerprint) {
-  std::ifstream file(name, std::ios::binary);
+  std::ifstream file(pathOf(name), std::ios::binary);
   if (!file) throw Fault(name, "cannot be opened");
   Calibration calibration;
   try {

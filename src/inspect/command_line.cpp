@@ -176,6 +176,7 @@ std::optional<Command> parseCommandLine(int argc, const char* const* argv, Argum
   CLI::App app("Shows what quorvane-learn has learned, and changes nothing.");
   app.set_version_flag("--version", "quorvane-inspect " QUORVANE_VERSION);
   app.require_subcommand(1);
+  app.allow_windows_style_options(false);  // there, too, what begins with a slash is a file
   for (const Entry& entry : entries)
     entry.addOptions(*app.add_subcommand(entry.name, entry.description), arguments);
   try {

@@ -1,7 +1,5 @@
 #include "inspect/commands.h"
 
-#include <unistd.h>
-
 #include <filesystem>
 #include <fstream>
 #include <iostream>
@@ -9,6 +7,7 @@
 #include <optional>
 
 #include "configurations/bit_names.h"
+#include "files/file_name.h"
 #include "inspect/annotation.h"
 #include "inspect/calibration_file.h"
 #include "inspect/fault.h"
@@ -20,6 +19,7 @@
 #include "inspect/page_data.h"
 #include "inspect/position.h"
 #include "inspect/text_output.h"
+#include "terminal/terminal.h"
 
 namespace quorvane::inspect {
 
@@ -49,7 +49,7 @@ void printProgress(const std::string& file, std::int32_t done, std::int32_t game
 
 // One line that grows, for people only.
 ShowProgress progress() {
-  if (isatty(STDERR_FILENO) == 1) return printProgress;
+  if (errorsAreWatched()) return printProgress;
   return [](auto&&...) {};
 }
 
@@ -64,7 +64,7 @@ std::optional<Calibration> findCalibration(const std::string& named, const std::
   const std::string fingerprint = fingerprintOf(networkTable);
   if (!named.empty()) return readCalibration(named, fingerprint);
   const std::string beside = defaultCalibrationFile(network);
-  if (!std::filesystem::exists(beside)) return {};
+  if (!std::filesystem::exists(pathOf(beside))) return {};
   try {
     return readCalibration(beside, fingerprint);
   } catch (const Fault& fault) {
@@ -81,7 +81,7 @@ std::string howToCalibrate(const std::string& network) {
 // As findCalibration, but a Fault where there is none that can be used.
 Calibration needCalibration(const std::string& named, const std::string& network) {
   const std::string beside = defaultCalibrationFile(network);
-  if (named.empty() && !std::filesystem::exists(beside)) {
+  if (named.empty() && !std::filesystem::exists(pathOf(beside))) {
     throw Fault(network, "has no calibration; make one with: " + howToCalibrate(network));
   }
   return readCalibration(named.empty() ? beside : named, fingerprintOf(networkTable));
@@ -119,8 +119,9 @@ void explainLines(std::istream& input, const Arguments& arguments, const Calibra
 
 void explainAll(const Arguments& arguments, const Calibration* calibration) {
   if (arguments.fens == "-") return explainLines(std::cin, arguments, calibration);
-  std::ifstream file(arguments.fens);
-  if (!file || std::filesystem::is_directory(arguments.fens)) throw Fault(arguments.fens, "cannot be opened");
+  const std::filesystem::path path = pathOf(arguments.fens);
+  std::ifstream file(path, std::ios::binary);
+  if (!file || std::filesystem::is_directory(path)) throw Fault(arguments.fens, "cannot be opened");
   explainLines(file, arguments, calibration);
 }
 
@@ -133,7 +134,7 @@ Contender contend(const std::string& network, const std::vector<std::string>& fi
 
 void noteWritten(const std::string& file) {
   std::error_code error;
-  const auto size = std::filesystem::file_size(file, error);
+  const auto size = std::filesystem::file_size(pathOf(file), error);
   note("wrote " + file + (error ? "" : ", " + std::to_string((size + 1023) / 1024) + " KB"));
 }
 

@@ -45,7 +45,7 @@ PairedDifference intervalOf(double mean, std::vector<double> drawn) {
 Differences drawGames(const std::vector<std::vector<PlacedDifference>>& games, std::mt19937_64& random) {
   Differences sums{};
   for (std::size_t count = 0; count < games.size(); ++count) {
-    for (const auto& [type, difference] : games[random() % games.size()]) {
+    for (const auto& [type, difference] : games[static_cast<std::size_t>(random() % games.size())]) {
       sums[static_cast<std::size_t>(type)].add(difference);
       sums[allTypes].add(difference);
     }

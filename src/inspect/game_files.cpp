@@ -5,6 +5,7 @@
 #include <sstream>
 #include <utility>
 
+#include "files/file_name.h"
 #include "inspect/fault.h"
 
 namespace quorvane::inspect {
@@ -25,10 +26,11 @@ bool isNetwork(std::ifstream& file) {
 
 // At its beginning.
 std::ifstream open(const std::string& fileName) {
-  if (std::filesystem::is_directory(fileName)) throw Fault(fileName, "is a folder");
-  std::ifstream file(fileName, std::ios::binary);
+  const std::filesystem::path path = pathOf(fileName);
+  if (std::filesystem::is_directory(path)) throw Fault(fileName, "is a folder");
+  std::ifstream file(path, std::ios::binary);
   if (!file) throw Fault(fileName, "cannot be opened");
-  if (std::filesystem::is_regular_file(fileName)) {
+  if (std::filesystem::is_regular_file(path)) {
     if (isNetwork(file)) throw Fault(fileName, "is a network, not a file of games");
     file.clear();
     file.seekg(0);

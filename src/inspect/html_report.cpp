@@ -3,6 +3,7 @@
 #include <filesystem>
 #include <system_error>
 
+#include "files/file_name.h"
 #include "files/replace_file.h"
 #include "inspect/fault.h"
 #include "page_text.h"
@@ -27,8 +28,9 @@ std::string reportPage(const Json& data) {
 
 void writeReport(const std::string& fileName, const std::string& page) {
   std::error_code error;
-  if (std::filesystem::is_directory(fileName, error)) throw Fault(fileName, "is a folder");
-  if (replaceFile(fileName, page) != Saved::yes) throw Fault(fileName, "cannot be written");
+  const std::filesystem::path path = pathOf(fileName);
+  if (std::filesystem::is_directory(path, error)) throw Fault(fileName, "is a folder");
+  if (replaceFile(path, page) != Saved::yes) throw Fault(fileName, "cannot be written");
 }
 
 }  // namespace quorvane::inspect

@@ -132,6 +132,16 @@ Json tallyJson(const GameTally& tally) {
           {"oddWithSamples", oddityCountsJson(tally.partly)}};
 }
 
+// What the position as a whole is worth.
+Json totalsJson(const Explanation& explanation, const Calibration* calibration) {
+  return {{"type", explanation.type},
+          {"typeHasPatterns", explanation.typeHasPatterns},
+          {"sideToMove", sideName(explanation.sideToMove)},
+          {"total", explanation.total()},
+          {"expectedScore", expectedScoreJson(explanation, calibration)},
+          {"sums", sumsJson(explanation)}};
+}
+
 }  // namespace
 
 double shortest(float number) {
@@ -184,18 +194,14 @@ Json explainJson(const std::string& networkName, const Origin& origin, const Exp
   for (const ExplainedPiece& piece : explanation.pieces) {
     pieces.push_back(fullPieceJson(explanation.type, piece, calibration, top));
   }
-  return {{"network", networkName},
-          {"fen", origin.fen},
-          {"players", {{"white", nullIfEmpty(origin.white)}, {"black", nullIfEmpty(origin.black)}}},
-          {"move", nullIfEmpty(origin.move)},
-          {"type", explanation.type},
-          {"typeHasPatterns", explanation.typeHasPatterns},
-          {"sideToMove", sideName(explanation.sideToMove)},
-          {"total", explanation.total()},
-          {"expectedScore", expectedScoreJson(explanation, calibration)},
-          {"sums", sumsJson(explanation)},
-          {"pieces", pieces},
-          {"deciding", decidingJson(explanation)}};
+  Json json{{"network", networkName},
+            {"fen", origin.fen},
+            {"players", {{"white", nullIfEmpty(origin.white)}, {"black", nullIfEmpty(origin.black)}}},
+            {"move", nullIfEmpty(origin.move)}};
+  json.update(totalsJson(explanation, calibration));
+  json["pieces"] = std::move(pieces);
+  json["deciding"] = decidingJson(explanation);
+  return json;
 }
 
 Json valueJson(const std::string& fen, const Explanation& explanation, const Calibration* calibration) {
@@ -203,14 +209,10 @@ Json valueJson(const std::string& fen, const Explanation& explanation, const Cal
   for (const ExplainedPiece& piece : explanation.pieces) {
     pieces.push_back(pieceJson(explanation.type, piece, calibration));
   }
-  return {{"fen", fen},
-          {"type", explanation.type},
-          {"typeHasPatterns", explanation.typeHasPatterns},
-          {"sideToMove", sideName(explanation.sideToMove)},
-          {"total", explanation.total()},
-          {"expectedScore", expectedScoreJson(explanation, calibration)},
-          {"sums", sumsJson(explanation)},
-          {"pieces", pieces}};
+  Json json{{"fen", fen}};
+  json.update(totalsJson(explanation, calibration));
+  json["pieces"] = std::move(pieces);
+  return json;
 }
 
 Json validateJson(const std::string& networkName, const Validation& validation, const Judgement& judgement) {

@@ -6,6 +6,7 @@
 #include <string>
 
 #include "inspect/command_line.h"
+#include "terminal/terminal.h"
 
 namespace quorvane::inspect {
 namespace {
@@ -15,7 +16,7 @@ constexpr int faultStatus = 1;
 // Faults are one line each, whatever stands in the names of files.
 int report(std::string fault) {
   std::ranges::replace_if(
-      fault, [](char character) { return character >= 0 && character < ' '; }, '?');
+      fault, [](unsigned char byte) { return byte < ' '; }, '?');
   std::cerr << "quorvane-inspect: " << fault << '\n';
   return faultStatus;
 }
@@ -40,5 +41,6 @@ int main(int argc, char** argv) {
   // A file that may not grow is a full disk: the old page stays.
   std::signal(SIGXFSZ, SIG_IGN);
 #endif
+  const quorvane::Terminal terminal;
   return quorvane::inspect::run(argc, argv);
 }

@@ -3,6 +3,7 @@
 #include <filesystem>
 #include <fstream>
 
+#include "files/file_name.h"
 #include "inspect/fault.h"
 
 namespace quorvane::inspect {
@@ -11,16 +12,18 @@ namespace fs = std::filesystem;
 
 void refuseInput(const std::string& target, const std::vector<std::string>& inputs) {
   std::error_code error;
+  const fs::path path = pathOf(target);
   for (const std::string& input : inputs) {
-    if (target == input || fs::equivalent(target, input, error))
+    if (target == input || fs::equivalent(path, pathOf(input), error))
       throw Fault(target, "is read, and cannot be written as well");
   }
-  if (fs::is_directory(target, error)) throw Fault(target, "is a folder");
+  if (fs::is_directory(path, error)) throw Fault(target, "is a folder");
 }
 
 bool holdsSomething(const std::string& target) {
   std::error_code error;
-  return fs::is_regular_file(target, error) && fs::file_size(target, error) != 0;
+  const fs::path path = pathOf(target);
+  return fs::is_regular_file(path, error) && fs::file_size(path, error) != 0;
 }
 
 void refuseHarm(const std::string& target, const std::vector<std::string>& inputs, std::string_view marker,
@@ -29,7 +32,7 @@ void refuseHarm(const std::string& target, const std::vector<std::string>& input
   if (!holdsSomething(target)) return;
   constexpr std::size_t beginning = 1000;
   std::string start(beginning, '\0');
-  std::ifstream file(target, std::ios::binary);
+  std::ifstream file(pathOf(target), std::ios::binary);
   file.read(start.data(), beginning);
   start.resize(static_cast<std::size_t>(file.gcount()));
   if (start.find(marker) == std::string::npos) {

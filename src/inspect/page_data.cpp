@@ -7,6 +7,7 @@
 #include "configurations/configuration_word.h"
 #include "configurations/place_bits.h"
 #include "configurations/position_type.h"
+#include "files/file_name.h"
 #include "inspect/calibration_file.h"
 #include "inspect/judgement.h"
 #include "network/network.h"
@@ -41,7 +42,7 @@ Json fullListJson(const ListSummary& list) {
 Json writtenJson(const std::string& fileName) {
   namespace chrono = std::chrono;
   std::error_code error;
-  const auto written = std::filesystem::last_write_time(fileName, error);
+  const auto written = std::filesystem::last_write_time(pathOf(fileName), error);
   if (error) return {};
   return chrono::duration_cast<chrono::seconds>(chrono::file_clock::to_sys(written).time_since_epoch())
       .count();

@@ -44,7 +44,7 @@ std::string wrapped(const std::string& text, std::size_t indent) {
 std::string printable(std::string_view text, std::size_t longest) {
   std::string clean(text.substr(0, longest));
   std::ranges::replace_if(
-      clean, [](char character) { return (character >= 0 && character < ' ') || character == 127; }, '?');
+      clean, [](unsigned char byte) { return byte < ' ' || byte == 127; }, '?');
   return text.size() > longest ? clean + "..." : clean;
 }
 

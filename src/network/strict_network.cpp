@@ -8,6 +8,7 @@
 #include <system_error>
 
 #include "board/kind_name.h"
+#include "files/file_name.h"
 #include "network/network_file.h"
 
 namespace quorvane {
@@ -89,7 +90,7 @@ NetworkTable readStrictly(std::istream& file) {
 }
 
 NetworkTable readStrictly(const std::string& name) {
-  const std::filesystem::path path(std::u8string(name.begin(), name.end()));
+  const std::filesystem::path path = pathOf(name);
   std::error_code error;
   if (std::filesystem::is_directory(path, error)) throw DamagedNetwork("is a folder");
   std::ifstream file(path, std::ios::binary);

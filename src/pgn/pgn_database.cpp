@@ -3,6 +3,7 @@
 #include <fstream>
 #include <string_view>
 
+#include "files/file_name.h"
 #include "pgn/pgn_scanner.h"
 
 namespace quorvane {
@@ -62,7 +63,8 @@ void readToken(PgnScanner& scanner, char first, TextBuilder& token) {
 void PgnDatabase::load(const std::string& name) {
   // No file has such a name, but one that ends there may exist.
   if (name.find('\0') != std::string::npos) return;
-  std::ifstream file(name);
+  // As the bytes are: in text mode Windows would end the file at a byte of 26.
+  std::ifstream file(pathOf(name), std::ios::binary);
   if (file) load(file);
 }
 

@@ -35,6 +35,7 @@ std::byte* TextStore::take(std::size_t size) {
 TextList TextStore::keep(const TextBuilder& built) {
   const std::string_view text = built.closedText();
   const std::vector<std::uint32_t>& ends = built.closedEnds();
+  if (ends.empty()) return {};  // there may be no storage yet in which an array could begin
   const bool isShort = text.size() <= std::numeric_limits<std::uint16_t>::max();
   const std::size_t endsSize = ends.size() * (isShort ? sizeof(std::uint16_t) : sizeof(std::uint32_t));
   std::byte* const storage = take(endsSize + text.size());

@@ -43,14 +43,15 @@ TEST_F(EvaluatorOnBoard, AgreesWithTheBoardInOddPositions) {
                           "7k/8/8/8/8/8/8/K6R b", "rnbqkbnr/8/PPPPPPPP/8/8/pppppppp/8/RNBQKBNR w"}) {
     PgnGame game;
     ASSERT_TRUE(game.parseFen("FEN \"" + std::string(fen) + "\"")) << fen;
-    if (!game.placement.fitsBoard()) continue;
+    double ofFen = 1.0;
+    const int status = quorvane_evaluate_fen(laws.opened(), fen, &ofFen);
+    ASSERT_EQ(status == QUORVANE_OK, game.placement.fitsBoard()) << fen;
+    if (status != QUORVANE_OK) continue;
     setUp(fen);
     EXPECT_STREQ(laws.broken(), nullptr) << fen;
     const quorvane_position given = laws.positionOnBoard();
     double value = 0.0;
-    double ofFen = 1.0;
     EXPECT_EQ(quorvane_evaluate(laws.opened(), &given, &value), QUORVANE_OK);
-    EXPECT_EQ(quorvane_evaluate_fen(laws.opened(), fen, &ofFen), QUORVANE_OK) << fen;
     EXPECT_EQ(value, ofFen) << fen;
   }
 }
@@ -165,6 +166,8 @@ TEST_F(EvaluatorOnBoard, EvaluatesManyUpToTheFirstThatIsNoFen) {
   EXPECT_EQ(values[1], alone);
   EXPECT_EQ(values[2], 7.0);
   EXPECT_EQ(quorvane_evaluate_fens(laws.openedCache(), nullptr, 0, nullptr, nullptr), QUORVANE_OK);
+  EXPECT_EQ(quorvane_evaluate_fens(nullptr, fens, 4, values, &done), QUORVANE_NULL_POINTER);
+  EXPECT_EQ(done, 0U);
 }
 
 TEST_F(EvaluatorOnBoard, TakesNullPointersAndNamesOutOfRange) {

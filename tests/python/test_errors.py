@@ -1,5 +1,6 @@
 from __future__ import annotations
 
+import copy
 import os
 import pickle
 import subprocess
@@ -94,6 +95,12 @@ def test_a_closed_network_answers_nothing(random_network):
             ask(KINGS if ask != network.evaluate_many else [])
     with pytest.raises(quorvane.NetworkError), network:
         pass
+
+
+@pytest.mark.parametrize("copied", [pickle.dumps, copy.copy, copy.deepcopy])
+def test_a_network_is_not_copied(network, copied):
+    with pytest.raises(TypeError, match="open its file again"):
+        copied(network)
 
 
 @pytest.mark.parametrize("library", ["/nowhere/lib.so", "libc.so.6"])

@@ -1,0 +1,25 @@
+# The packages of this machine that hold headers alone serve any other. Their configurations would add all of
+# /usr/include, which is not for other machines: they are seen through links that show nothing else.
+get_property(trying GLOBAL PROPERTY IN_TRY_COMPILE)
+if(NOT trying)
+  set(links ${CMAKE_BINARY_DIR}/header-only)
+  foreach(package CLI11:CLI nlohmann_json:nlohmann)
+    string(REGEX MATCH "(.*):(.*)" names ${package})
+    set(configuration share/cmake/${CMAKE_MATCH_1})
+    set(headers include/${CMAKE_MATCH_2})
+    if(EXISTS /usr/${configuration} AND EXISTS /usr/${headers})
+      foreach(folder ${configuration} ${headers})
+        get_filename_component(parent ${links}/${folder} DIRECTORY)
+        file(MAKE_DIRECTORY ${parent})
+        file(CREATE_LINK /usr/${folder} ${links}/${folder} SYMBOLIC)
+      endforeach()
+      set(${CMAKE_MATCH_1}_DIR ${links}/${configuration} CACHE PATH "Found on this machine")
+    endif()
+  endforeach()
+endif()
+
+# Nothing else of this machine is taken.
+set(CMAKE_FIND_ROOT_PATH_MODE_LIBRARY ONLY)
+set(CMAKE_FIND_ROOT_PATH_MODE_INCLUDE ONLY)
+set(CMAKE_FIND_ROOT_PATH_MODE_PACKAGE ONLY)
+set(CMAKE_FIND_ROOT_PATH_MODE_PROGRAM NEVER)

@@ -1,0 +1,22 @@
+#ifndef QUORVANE_FILES_FILE_NAME_H_
+#define QUORVANE_FILES_FILE_NAME_H_
+
+#include <filesystem>
+#include <string>
+#include <string_view>
+
+namespace quorvane {
+
+// The file that a user names: on Windows the name is UTF-8, whatever the code page, and one that is not names no
+// file; elsewhere it is any bytes.
+inline std::filesystem::path pathOf(std::string_view name) {
+  try {
+    return std::u8string(name.begin(), name.end());
+  } catch (const std::filesystem::filesystem_error&) {
+    return {};
+  }
+}
+
+}  // namespace quorvane
+
+#endif  // QUORVANE_FILES_FILE_NAME_H_
