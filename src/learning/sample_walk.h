@@ -26,6 +26,8 @@ class SampleWalk {
   std::span<const PieceConfiguration> opposingList() const {
     return {row().pieces.begin() + piecesPerSide, row().opposingCount};
   }
+  // The one at that place, which must be one of these.
+  const PieceConfiguration& piece(std::int32_t place) const { return row().pieces[place]; }
   std::int32_t target() const { return presentTarget; }
 
   // The places at which the present sample may differ from the one before the last, as a set; and whose turn it is of the

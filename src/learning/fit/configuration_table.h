@@ -2,7 +2,6 @@
 #define QUORVANE_LEARNING_FIT_CONFIGURATION_TABLE_H_
 
 #include <cstdint>
-#include <span>
 #include <vector>
 
 #include "board/table.h"
@@ -17,15 +16,16 @@ class ConfigurationTable {
   // What no configuration has for its number: there are fewer than 2^32 - 1 different ones.
   static constexpr std::uint32_t noNumber = 0xffffffff;
 
-  // The numbers of those of a list, of at most 32, that `wanted` tells by a bit each; the others stay.
-  void numberAll(std::span<const PieceConfiguration> list, std::uint32_t wanted, std::uint32_t* numbers);
+  // Brings near what numberOf reads of this one first.
+  void announce(const PieceConfiguration& configuration) const {
+    wordsByKind[configuration.kind].prefetchSlotOf(configuration.word);
+  }
+  std::uint32_t numberOf(const PieceConfiguration& configuration);
 
   const PieceConfiguration& operator[](std::uint32_t number) const { return configurations[number]; }
   std::size_t size() const { return configurations.size(); }
 
  private:
-  std::uint32_t numberOf(const PieceConfiguration& configuration);
-
   using Words = WordTable<std::uint32_t, noNumber>;
 
   std::vector<PieceConfiguration> configurations;

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <bit>
 #include <functional>
+#include <memory>
 #include <numeric>
 
 #include "learning/fit/configuration_table.h"
@@ -10,6 +11,58 @@
 #include "learning/sample_walk.h"
 
 namespace quorvane {
+
+namespace {
+
+// The pieces of a sample by place, as numbers of configurations.
+struct PieceNumbers {
+  Table<std::uint32_t, SampleSet::placeCount> numbers;
+  Table<std::uint32_t, SampleSet::placeCount> cacheIndexes;
+  std::uint32_t unknown;  // places of which the caches do not know the number
+  std::uint32_t ownCount;
+  std::uint32_t opposingCount;
+  std::uint32_t hash;  // of the row
+
+  std::span<const std::uint32_t> ownList() const { return {numbers.begin(), ownCount}; }
+  std::span<const std::uint32_t> opposingList() const {
+    return {numbers.begin() + piecesPerSide, opposingCount};
+  }
+
+  // Takes over the present sample of the walk, in the place of the one before the last, and announces every word that may
+  // be unknown. Gives which of its pieces the caches miss: bit 0 is the first own one.
+  std::uint32_t lookUp(const SampleWalk& walk, const ConfigurationTable& numbered, CacheModel& caches,
+                       std::uint32_t sample) {
+    ownCount = static_cast<std::uint32_t>(walk.ownList().size());
+    opposingCount = static_cast<std::uint32_t>(walk.opposingList().size());
+    unknown = 0;
+    std::uint32_t missed = 0;
+    std::uint32_t piece = 0;
+    const auto lookUpList = [&](std::int32_t begin, std::uint32_t count) {
+      const std::int32_t end = begin + static_cast<std::int32_t>(count);
+      for (std::int32_t place = begin; place < end; ++place, ++piece) {
+        if ((walk.changedPlaces() >> place & 1) != 0) {
+          numbers[place] = CacheModel::unknownNumber;
+          numbered.announce(walk.piece(place));
+          cacheIndexes[place] = CacheModel::indexOf(walk.piece(place), begin != 0);
+        }
+        const bool misses =
+            caches.misses(walk.piece(place).word, cacheIndexes[place], {sample, piece}, numbers[place]);
+        missed |= (misses ? 1U : 0U) << piece;
+        unknown |= (numbers[place] == CacheModel::unknownNumber ? 1U : 0U) << place;
+      }
+    };
+    lookUpList(0, ownCount);
+    lookUpList(piecesPerSide, opposingCount);
+    return missed;
+  }
+
+  template <typename Visit>
+  void forEachUnknown(Visit visit) const {
+    for (std::uint32_t left = unknown; left != 0; left &= left - 1) visit(std::countr_zero(left));
+  }
+};
+
+}  // namespace
 
 FitSystem::FitSystem(const SampleSet& set, NetworkRow& row) : networkRow(row), rows(set.pieceCount()) {
   for (std::int32_t kind = 0; kind < pieceKindCount; ++kind) {
@@ -23,45 +76,39 @@ FitSystem::FitSystem(const SampleSet& set, NetworkRow& row) : networkRow(row), r
 }
 
 // Takes over the samples; the rows hold numbers of configurations, as yet.
+//
+// The tables are larger than the processor's near caches. So what is wanted of them is announced first, and something
+// else is done while it comes: a sample gets its row when the next one has been looked up.
 void FitSystem::storeSamples(const SampleSet& set, ConfigurationTable& numbered) {
   rowOfSample.reserve(set.size());
   targets.reserve(set.size());
   std::vector<std::uint32_t> missesOfSample;
   missesOfSample.reserve(set.size());
-  CacheModel caches;
-  struct Pieces {
-    Table<std::uint32_t, SampleSet::placeCount> numbers;
-    Table<std::uint32_t, SampleSet::placeCount> cacheIndexes;
+  auto caches = std::make_unique<CacheModel>();
+  Table<PieceNumbers, 2> pieces;  // of the last two samples
+  const auto enter = [&](const PieceNumbers& sample) {
+    rowOfSample.push_back(rows.numberOf(sample.ownList(), sample.opposingList(), sample.hash));
   };
-  Table<Pieces, 2> pieces;  // of the last two samples
   for (SampleWalk walk(set); walk.next();) {
-    Pieces& present = pieces[walk.turn()];
-    std::uint32_t missed = 0;
-    std::uint32_t count = 0;
-    const auto store = [&](std::span<const PieceConfiguration> list, std::int32_t listNumber,
-                           std::int32_t firstPlace) {
-      const auto changed = walk.changedPlaces() >> firstPlace;
-      std::uint32_t* const numbers = present.numbers.begin() + firstPlace;
-      std::uint32_t* const cacheIndexes = present.cacheIndexes.begin() + firstPlace;
-      numbered.numberAll(list, changed, numbers);
-      for (std::size_t i = 0; i < list.size(); ++i) {
-        if ((changed >> i & 1) != 0) cacheIndexes[i] = CacheModel::indexOf(list[i]);
-        const CacheModel::LookUp lookUp{static_cast<std::uint32_t>(targets.size()), count};
-        if (caches.misses(list[i].word, cacheIndexes[i], listNumber, lookUp)) missed |= 1U << count;
-        ++count;
-      }
-      return std::span<const std::uint32_t>(numbers, list.size());
-    };
-    const auto own = store(walk.ownList(), 0, 0);
-    const auto opposing = store(walk.opposingList(), 1, piecesPerSide);
-    rowOfSample.push_back(rows.numberOf(own, opposing));
+    PieceNumbers& present = pieces[walk.turn()];
+    missesOfSample.push_back(
+        present.lookUp(walk, numbered, *caches, static_cast<std::uint32_t>(targets.size())));
+    if (!targets.empty()) enter(pieces[1 - walk.turn()]);
+    present.forEachUnknown([&](std::int32_t place) {
+      const PieceConfiguration& piece = walk.piece(place);
+      present.numbers[place] = numbered.numberOf(piece);
+      caches->setNumber(piece.word, present.cacheIndexes[place], present.numbers[place]);
+    });
+    present.hash = rows.announce(present.ownList(), present.opposingList());
     targets.push_back(static_cast<float>(walk.target()));
-    missesOfSample.push_back(missed);
+    if (targets.size() == set.size()) enter(present);
   }
   rows.finish();
   rowTerms.resize(rows.size());
   residualOfSample.resize(set.size());
-  groupSamples(missesOfSample, caches.foundAgain());
+  const std::vector<CacheModel::LookUp> foundAgain = caches->foundAgain();
+  caches.reset();  // gives its memory to what follows
+  groupSamples(missesOfSample, foundAgain);
 }
 
 // Configurations of about the same frequency stand together, the most frequent first, which keeps what is used most

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "learning/fit/prefetch.h"
+
 namespace quorvane {
 
 namespace {
@@ -42,10 +44,16 @@ void SampleRows::grow() {
   slots = std::move(larger);
 }
 
-std::uint32_t SampleRows::numberOf(std::span<const std::uint32_t> ownList,
-                                   std::span<const std::uint32_t> opposingList) {
-  if (2 * size() >= slots.size()) grow();
+std::uint32_t SampleRows::announce(std::span<const std::uint32_t> ownList,
+                                   std::span<const std::uint32_t> opposingList) const {
   const std::uint32_t hash = hashOf(ownList, opposingList);
+  if (!slots.empty()) prefetch(&slots[hash & (slots.size() - 1)]);
+  return hash;
+}
+
+std::uint32_t SampleRows::numberOf(std::span<const std::uint32_t> ownList,
+                                   std::span<const std::uint32_t> opposingList, std::uint32_t hash) {
+  if (2 * size() >= slots.size()) grow();
   std::size_t index = hash & (slots.size() - 1);
   for (; slots[index].row != noRow; index = (index + 1) & (slots.size() - 1)) {
     if (slots[index].hash == hash && holds(slots[index].row, ownList, opposingList)) return slots[index].row;

@@ -18,9 +18,14 @@ class SampleRows {
   // For rows of at most so many numbers in all. Memory that no row comes to fill is not touched.
   explicit SampleRows(std::size_t mostNumbers) { numbers.reserve(mostNumbers + lookAhead); }
 
+  // The hash of these lists, which numberOf wants; brings near what it reads of them first.
+  std::uint32_t announce(std::span<const std::uint32_t> ownList,
+                         std::span<const std::uint32_t> opposingList) const;
+
   // The number of the row with these lists, a new one if there is none yet: from 0 on, in the order in which they
   // first come. At most 16 numbers a list, and fewer than 2^32 rows.
-  std::uint32_t numberOf(std::span<const std::uint32_t> ownList, std::span<const std::uint32_t> opposingList);
+  std::uint32_t numberOf(std::span<const std::uint32_t> ownList, std::span<const std::uint32_t> opposingList,
+                         std::uint32_t hash);
 
   // Gives back what only numberOf needs; no row may come behind it.
   void finish();

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "board/types.h"
+#include "learning/fit/prefetch.h"
 
 namespace quorvane {
 
@@ -38,9 +39,9 @@ class WordTable {
     slots = std::move(larger);
   }
 
-  // A copy of the slot at which the search for the word begins: it is the word's, free, or another word's.
-  Slot firstSlotOf(ConfigurationWord word) const {
-    return slots.empty() ? Slot{} : slots[indexOf(word, slots.size())];
+  // Brings the slot near at which the search for the word begins.
+  void prefetchSlotOf(ConfigurationWord word) const {
+    if (!slots.empty()) prefetch(&slots[indexOf(word, slots.size())]);
   }
 
   // In no order that means anything.
