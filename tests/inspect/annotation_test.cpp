@@ -2,7 +2,6 @@
 
 #include <cmath>
 #include <nlohmann/json.hpp>
-#include <regex>
 
 #include "inspect/fault.h"
 #include "inspect/game_files.h"
@@ -29,6 +28,12 @@ class AnnotatedGames : public InspectTest {
   static void expectText(const std::string& text, const std::string& annotated) {
     EXPECT_EQ(annotate(text).text, annotated);
     EXPECT_EQ(annotate(annotated).text, annotated);
+  }
+  static std::string withoutInsertions(std::string text) {
+    const std::string inserted = " { [%eval 0.00] }";
+    for (std::size_t at = 0; (at = text.find(inserted, at)) != std::string::npos;)
+      text.erase(at, inserted.size());
+    return text;
   }
   static std::vector<std::string> tokens(const std::string& name) {
     PgnDatabase games = loadAnyGames(name);
@@ -87,7 +92,6 @@ TEST_F(AnnotatedGames, PositionsOfWhichTheNetworkKnowsNothingGetNoValue) {
 }
 
 TEST_F(AnnotatedGames, TheUtilityReadsTheSameGamesAgainFromAnyText) {
-  const std::regex inserted(R"( \{ \[%eval 0\.00\] \})");
   std::size_t files = 0;
   for (const auto& entry : std::filesystem::directory_iterator(projectFile("fuzz/corpus/pgn"))) {
     const std::string text = readFile(entry.path());
@@ -97,7 +101,7 @@ TEST_F(AnnotatedGames, TheUtilityReadsTheSameGamesAgainFromAnyText) {
       continue;  // holds no games
     }
     ++files;
-    EXPECT_EQ(std::regex_replace(readFile("out.pgn"), inserted, ""), text) << entry.path();
+    EXPECT_EQ(withoutInsertions(readFile("out.pgn")), text) << entry.path();
     EXPECT_EQ(tokens("out.pgn"), tokens("in.pgn")) << entry.path();
   }
   EXPECT_GT(files, 10U);
@@ -113,9 +117,10 @@ TEST_F(AnnotatedGames, ExampleOfTheDocumentIsThatOfTheProgram) {
     const std::size_t begin = document.find("```\n", document.find(mark)) + 4;
     return document.substr(begin, document.find("```", begin) - begin);
   };
-  const std::regex value(R"(eval -?\d+\.\d\d\])");
-  EXPECT_EQ(annotate(blockBehind("`annotate game.pgn -o out.pgn`")).text,
-            std::regex_replace(blockBehind("by a network learned from 14,000"), value, "eval 0.00]"));
+  std::string shown = blockBehind("by a network learned from 14,000");
+  for (std::size_t at = 0; (at = shown.find("[%eval ", at)) != std::string::npos; ++at)
+    shown.replace(at, shown.find(']', at) - at, "[%eval 0.00");
+  EXPECT_EQ(annotate(blockBehind("`annotate game.pgn -o out.pgn`")).text, shown);
 }
 
 TEST_F(AnnotatedGames, PawnsAreThoseOfThePublishedFormula) {
