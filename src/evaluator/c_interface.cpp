@@ -49,7 +49,7 @@ template <typename Source>
 int evaluateFrom(Source& source, const quorvane_position& position, double& value) {
   PieceSets sets;
   const quorvane_status status = readPosition(position, sets);
-  if (status == QUORVANE_OK) value = evaluate(sets, valuesOf(source));
+  if (status == QUORVANE_OK) value = evaluate(sets, describe(sets), valuesOf(source));
   return status;
 }
 
@@ -196,7 +196,7 @@ int quorvane_explain(const quorvane_network* network, const quorvane_position* p
   if (status != QUORVANE_OK) return status;
   const PositionWords described = describe(sets);
   *explanation = {};
-  explanation->value = evaluate(sets, valuesOf(*network));
+  explanation->value = evaluate(sets, described, valuesOf(*network));
   explanation->type = described.type;
   for (const Square square : Squares(described.occupied)) {
     const Side side = (sets.ofSide(white) & setOf(square)) != 0 ? white : black;

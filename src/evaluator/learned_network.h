@@ -21,10 +21,9 @@ class LearnedNetwork {
   Table<Table<PatternTrie, pieceKindCount>, positionTypeCount> tries;
 };
 
-// The value of a position as the side to move sees it, with the worth of a word from `valueOf(type, kind, word)`.
+// The value of a position, which `described` describes, as the side to move sees it, with the worth of a word from `valueOf(type, kind, word)`.
 template <typename ValueOf>
-double evaluate(const PieceSets& position, ValueOf valueOf) {
-  const PositionWords described = describe(position);
+double evaluate(const PieceSets& position, const PositionWords& described, ValueOf valueOf) {
   const auto sumOf = [&](Side side) {
     double sum = 0.0;
     for (std::int32_t kind = 0; kind < pieceKindCount; ++kind) {
