@@ -4,14 +4,14 @@
 #include <nlohmann/json.hpp>
 #include <string>
 
-#include "inspect/calibration.h"
-#include "inspect/comparison.h"
-#include "inspect/explanation.h"
-#include "inspect/game_report.h"
-#include "inspect/judgement.h"
-#include "inspect/position.h"
-#include "inspect/summary.h"
-#include "inspect/validation.h"
+#include "inspect/explain/explanation.h"
+#include "inspect/games/game_report.h"
+#include "inspect/measure/calibration.h"
+#include "inspect/measure/comparison.h"
+#include "inspect/measure/judgement.h"
+#include "inspect/measure/validation.h"
+#include "inspect/patterns/summary.h"
+#include "inspect/position/position.h"
 
 namespace quorvane::inspect {
 

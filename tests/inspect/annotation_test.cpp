@@ -1,12 +1,12 @@
-#include "inspect/annotation.h"
+#include "inspect/annotate/annotation.h"
 
 #include <cmath>
 #include <nlohmann/json.hpp>
 
-#include "inspect/fault.h"
-#include "inspect/game_files.h"
+#include "inspect/common/fault.h"
+#include "inspect/common/game_files.h"
 #include "inspect/inspect_fixture.h"
-#include "inspect/pawn_scale.h"
+#include "inspect/annotate/pawn_scale.h"
 
 namespace quorvane::inspect {
 namespace {

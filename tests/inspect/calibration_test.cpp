@@ -1,11 +1,11 @@
-#include "inspect/calibration.h"
+#include "inspect/measure/calibration.h"
 
 #include <gtest/gtest.h>
 
 #include <cmath>
 #include <random>
 
-#include "inspect/logistic_curve.h"
+#include "inspect/measure/logistic_curve.h"
 
 namespace quorvane::inspect {
 namespace {

@@ -1,4 +1,4 @@
-#include "inspect/comparison.h"
+#include "inspect/measure/comparison.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "inspect/explanation.h"
+#include "inspect/explain/explanation.h"
 
 #include <algorithm>
 #include <cmath>
@@ -6,9 +6,9 @@
 #include "configurations/bit_names.h"
 #include "configurations/configuration_word.h"
 #include "configurations/side_configurations.h"
-#include "inspect/fen_text.h"
+#include "inspect/position/fen_text.h"
 #include "inspect/inspect_fixture.h"
-#include "inspect/network_reader.h"
+#include "inspect/common/network_reader.h"
 #include "network/network.h"
 
 namespace quorvane::inspect {

@@ -1,4 +1,4 @@
-#include "inspect/game_report.h"
+#include "inspect/games/game_report.h"
 
 #include <sstream>
 

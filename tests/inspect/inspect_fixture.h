@@ -9,7 +9,7 @@
 #include <string>
 #include <utility>
 
-#include "inspect/position.h"
+#include "inspect/position/position.h"
 #include "network/network_table.h"
 #include "support/files.h"
 #include "support/temporary_folder.h"

@@ -1,4 +1,4 @@
-#include "inspect/judgement.h"
+#include "inspect/measure/judgement.h"
 
 #include <gtest/gtest.h>
 

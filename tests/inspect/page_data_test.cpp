@@ -1,8 +1,8 @@
-#include "inspect/page_data.h"
+#include "inspect/report/page_data.h"
 
-#include "inspect/game_choice.h"
+#include "inspect/report/game_choice.h"
 #include "inspect/inspect_fixture.h"
-#include "inspect/network_reader.h"
+#include "inspect/common/network_reader.h"
 #include "pgn/pgn_game.h"
 
 namespace quorvane::inspect {

@@ -3,13 +3,13 @@
 import assert from "node:assert/strict";
 import test from "node:test";
 
-import { densityOf, reachOf } from "../../src/inspect/page/curves.mjs";
-import { adviceFor, choosePatterns, holdsWords, sortPatterns } from "../../src/inspect/page/filter.mjs";
-import { fixed, signed } from "../../src/inspect/page/format.mjs";
-import { meanOf, readModel } from "../../src/inspect/page/model.mjs";
-import { expectedScore, forWhite, moveText, piecesOf, squareName } from "../../src/inspect/page/position.mjs";
-import { fullColour, scale, ticks } from "../../src/inspect/page/scale.mjs";
-import { squaresWith } from "../../src/inspect/page/terms.mjs";
+import { densityOf, reachOf } from "../../src/inspect/report/page/curves.mjs";
+import { adviceFor, choosePatterns, holdsWords, sortPatterns } from "../../src/inspect/report/page/filter.mjs";
+import { fixed, signed } from "../../src/inspect/report/page/format.mjs";
+import { meanOf, readModel } from "../../src/inspect/report/page/model.mjs";
+import { expectedScore, forWhite, moveText, piecesOf, squareName } from "../../src/inspect/report/page/position.mjs";
+import { fullColour, scale, ticks } from "../../src/inspect/report/page/scale.mjs";
+import { squaresWith } from "../../src/inspect/report/page/terms.mjs";
 
 const kinds = ["pawn", "knight", "bishop", "rook", "queen", "king"];
 const bits = Object.fromEntries(

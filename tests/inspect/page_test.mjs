@@ -7,8 +7,8 @@ import { mkdirSync, mkdtempSync, readFileSync, rmSync, writeFileSync } from "nod
 import { tmpdir } from "node:os";
 import { join } from "node:path";
 
-import { readModel } from "../../src/inspect/page/model.mjs";
-import { piecesOf, squareName } from "../../src/inspect/page/position.mjs";
+import { readModel } from "../../src/inspect/report/page/model.mjs";
+import { piecesOf, squareName } from "../../src/inspect/report/page/position.mjs";
 import { findBrowser, openBrowser } from "./browser.mjs";
 
 const [learn, inspect, games, pictures] = process.argv.slice(2);

@@ -1,7 +1,7 @@
-#include "inspect/validation.h"
+#include "inspect/measure/validation.h"
 
 #include "inspect/inspect_fixture.h"
-#include "inspect/network_reader.h"
+#include "inspect/common/network_reader.h"
 
 namespace quorvane::inspect {
 namespace {

@@ -1,0 +1,154 @@
+#include "inspect/annotate/annotation.h"
+
+#include <algorithm>
+#include <optional>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include "board/piece.h"
+#include "board/ring.h"
+#include "inspect/annotate/eval_comment.h"
+#include "inspect/annotate/pawn_scale.h"
+#include "inspect/annotate/token_places.h"
+#include "inspect/common/game_files.h"
+#include "inspect/position/piece_worth.h"
+#include "inspect/position/position.h"
+#include "network/network.h"
+
+namespace quorvane::inspect {
+
+namespace {
+
+// A text that is copied from beginning to end, with some of it replaced.
+class ChangedCopy {
+ public:
+  explicit ChangedCopy(std::string_view source) : text(source) {}
+
+  // Each no earlier in the text than the last one.
+  void replace(std::size_t begin, std::size_t end, std::string_view replacement) {
+    copy.append(text, copied, begin - copied).append(replacement);
+    copied = end;
+  }
+  void insert(std::size_t at, std::string_view inserted) { replace(at, at, inserted); }
+
+  std::string finish() {
+    insert(text.size(), "");
+    return std::move(copy);
+  }
+
+ private:
+  std::string_view text;
+  std::string copy;
+  std::size_t copied = 0;
+};
+
+struct ValuedMove {
+  std::size_t token;            // its index in the game
+  std::optional<double> pawns;  // of the position behind it, as White sees it
+};
+
+class Annotator : public Position {
+ public:
+  Annotator(std::string_view source, const Calibration& curves)
+      : text(source), calibration(curves), places(source), copy(source) {}
+
+  void addGame(std::int32_t number, PgnGame& game) {
+    places.passTags(game.tags);
+    std::vector<TokenPlace> tokens;
+    tokens.reserve(game.tokens.size());
+    for (std::size_t index = 0; index < game.tokens.size(); ++index) {
+      tokens.push_back(places.next(game.tokens[index]));
+    }
+    const GameVerdict verdict = judgeMoves(game);
+    if (verdict.oddity != Oddity::none) {
+      GamesLeft& left = tally.left[verdict.oddity];
+      if (left.games == 0) left = {0, number, verdict};
+      ++left.games;
+      return;
+    }
+    const std::vector<ValuedMove> moves = valuedMoves(game);
+    const bool anyValue = std::ranges::any_of(moves, [](const auto& move) { return move.pawns.has_value(); });
+    ++(anyValue ? tally.games : tally.withoutValues);
+    for (std::size_t index = 0; index < moves.size(); ++index) {
+      const std::size_t end = index + 1 < moves.size() ? moves[index + 1].token : tokens.size();
+      annotate(moves[index], end, tokens, game.tokens);
+    }
+  }
+
+  Annotation finish() { return {copy.finish(), std::move(tally)}; }
+
+ private:
+  // All moves of a game of which all can be played.
+  std::vector<ValuedMove> valuedMoves(PgnGame& game) {
+    std::vector<ValuedMove> moves;
+    game.tokenCursor = 0;
+    setupPosition(game.placement, game.sideToMove);
+    for (DecodedMove move; game.nextMove(move) && playGameMove(move);) {
+      moves.push_back({static_cast<std::size_t>(game.tokenCursor - 1), pawnsOfBoard()});
+    }
+    return moves;
+  }
+
+  std::optional<double> pawnsOfBoard() {
+    const PositionType type = classifier.classifyPosition(Network::classifyBoard, false);
+    Network::computeConfigurations();
+    const Side side = currentMove.sideToMove;
+    const std::optional<double> expected =
+        calibration.expectedScore(type, sumOf(side, type) - sumOf(opponent(side), type));
+    if (!expected) return {};
+    const double pawns = pawnsOfScore(*expected);
+    return side == white ? pawns : -pawns;
+  }
+
+  double sumOf(Side side, PositionType type) {
+    double sum = 0.0;
+    for (const Piece& piece : Ring(kings[side])) sum += worths.of(type, piece.kind, piece.configuration);
+    return sum;
+  }
+
+  // The tokens up to `end` are those between the move and the next.
+  void annotate(const ValuedMove& move, std::size_t end, const std::vector<TokenPlace>& tokens,
+                const TextList& tokenTexts) {
+    ++(move.pawns ? tally.moves : tally.unknownMoves);
+    const std::string command = move.pawns ? evalCommand(*move.pawns) : "";
+    bool replaced = false;
+    for (std::size_t index = move.token + 1; index < end; ++index) {
+      const auto [begin, behind] = tokens[index];
+      if (!tokenTexts[index].starts_with('{')) continue;
+      for (const Stretch& old : evalCommandsIn(text.substr(begin, behind - begin))) {
+        copy.replace(begin + old.begin, begin + old.end, command);
+        replaced = true;
+      }
+    }
+    if (replaced || !move.pawns) return;
+    // Glyphs stay next to their move, as programs write them.
+    std::size_t last = move.token;
+    while (last + 1 < end && isGlyph(tokenTexts[last + 1])) ++last;
+    copy.insert(tokens[last].end, " { " + command + " }");
+  }
+
+  std::string_view text;
+  const Calibration& calibration;
+  TokenPlaces places;
+  ChangedCopy copy;
+  AnnotationTally tally;
+  Network classifier{Network::TableAsItStands{}};
+  PieceWorths worths;
+};
+
+}  // namespace
+
+Annotation annotateGames(const std::string& file, const Calibration& calibration,
+                         const ShowProgress& showProgress) {
+  GameText games = loadGameText(file);
+  Annotator annotator(games.bytes, calibration);
+  const std::int32_t count = gameCount(games.database);
+  for (std::int32_t index = 0; index < count; ++index) {
+    annotator.addGame(index + 1, *games.database.game(index));
+    showProgress(file, index + 1, count);
+  }
+  return annotator.finish();
+}
+
+}  // namespace quorvane::inspect

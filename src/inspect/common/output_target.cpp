@@ -1,0 +1,44 @@
+#include "inspect/common/output_target.h"
+
+#include <filesystem>
+#include <fstream>
+
+#include "files/file_name.h"
+#include "inspect/common/fault.h"
+
+namespace quorvane::inspect {
+
+namespace fs = std::filesystem;
+
+void refuseInput(const std::string& target, const std::vector<std::string>& inputs) {
+  std::error_code error;
+  const fs::path path = pathOf(target);
+  for (const std::string& input : inputs) {
+    if (target == input || fs::equivalent(path, pathOf(input), error))
+      throw Fault(target, "is read, and cannot be written as well");
+  }
+  if (fs::is_directory(path, error)) throw Fault(target, "is a folder");
+}
+
+bool holdsSomething(const std::string& target) {
+  std::error_code error;
+  const fs::path path = pathOf(target);
+  return fs::is_regular_file(path, error) && fs::file_size(path, error) != 0;
+}
+
+void refuseHarm(const std::string& target, const std::vector<std::string>& inputs, std::string_view marker,
+                const std::string& what) {
+  refuseInput(target, inputs);
+  if (!holdsSomething(target)) return;
+  constexpr std::size_t beginning = 1000;
+  std::string start(beginning, '\0');
+  std::ifstream file(pathOf(target), std::ios::binary);
+  file.read(start.data(), beginning);
+  start.resize(static_cast<std::size_t>(file.gcount()));
+  if (start.find(marker) == std::string::npos) {
+    throw Fault(target,
+                "exists and is no " + what + " of quorvane-inspect; remove it first, or choose another name");
+  }
+}
+
+}  // namespace quorvane::inspect

@@ -1,0 +1,191 @@
+#include <algorithm>
+#include <cmath>
+
+#include "board/square_name.h"
+#include "configurations/bit_names.h"
+#include "inspect/common/text_columns.h"
+#include "inspect/text_output.h"
+
+namespace quorvane::inspect {
+
+namespace {
+
+constexpr std::size_t standingOut = 3;  // pieces
+constexpr std::size_t patternsOfPiece = 3;
+constexpr std::size_t deciding = 5;  // patterns of the position
+
+const char* sideName(Side side) {
+  return side == white ? "White" : "Black";
+}
+
+std::string pieceName(const ExplainedPiece& piece) {
+  return std::string(kindName(piece.kind)) + " " + squareName(piece.square);
+}
+
+// How much more the piece is worth than such a piece on average; nothing without a calibration.
+std::optional<double> differenceOf(const Explanation& explanation, const ExplainedPiece& piece,
+                                   const Calibration* calibration) {
+  if (calibration == nullptr) return {};
+  const std::optional<double>& mean = calibration->types[explanation.type].meanWorth[piece.kind];
+  if (!mean) return {};
+  return piece.value - *mean;
+}
+
+std::string headText(const Origin& origin, const Explanation& explanation, const Calibration* calibration,
+                     const std::string& howToCalibrate) {
+  std::string text = wrapped(printable(origin.fen, 200), 0);
+  std::string place;
+  if (!origin.white.empty() || !origin.black.empty()) {
+    place = printable(origin.white, 60) + " - " + printable(origin.black, 60);
+  }
+  if (!origin.move.empty()) place += (place.empty() ? "After " : ", after ") + printable(origin.move, 20);
+  if (!place.empty()) text += wrapped(place, 0);
+  const char* const mover = sideName(explanation.sideToMove);
+  text += std::string(mover) + " to move: " + withSign(explanation.total());
+  if (calibration != nullptr) {
+    const std::optional<double> score = calibration->expectedScore(explanation.type, explanation.total());
+    if (score) text += ", expected score " + asPercent(*score);
+  }
+  text += "\nPosition type " + std::to_string(explanation.type) + ", " + typeName(explanation.type);
+  if (!explanation.typeHasPatterns) text += "; the network has no patterns for it";
+  text += '\n';
+  if (calibration == nullptr) text += wrapped("For expected scores: " + howToCalibrate, 4);
+  return text;
+}
+
+// The piece letters of the board, white ones in capitals.
+std::vector<std::string> boardLines(const Explanation& explanation) {
+  std::vector<std::string> lines;
+  for (std::int32_t rank = 7; rank >= 0; --rank)
+    lines.push_back(std::to_string(rank + 1) + "  . . . . . . . .");
+  lines.emplace_back("   a b c d e f g h");
+  for (const ExplainedPiece& piece : explanation.pieces) {
+    const auto line = static_cast<std::size_t>(7 - rankOf(piece.square));
+    const auto place = 3 + 2 * static_cast<std::size_t>(fileOf(piece.square));
+    lines[line][place] = (piece.side == white ? "PNBRQK" : "pnbrqk")[piece.kind];
+  }
+  return lines;
+}
+
+std::vector<const ExplainedPiece*> piecesOf(const Explanation& explanation, Side side) {
+  std::vector<const ExplainedPiece*> pieces;
+  for (const ExplainedPiece& piece : explanation.pieces) {
+    if (piece.side == side) pieces.push_back(&piece);
+  }
+  std::ranges::stable_sort(pieces, std::greater(), [](const ExplainedPiece* piece) { return piece->kind; });
+  return pieces;
+}
+
+// Board, White's pieces, Black's pieces, side by side.
+std::string piecesText(const Explanation& explanation, const Calibration* calibration) {
+  const std::vector<std::string> board = boardLines(explanation);
+  const std::vector<const ExplainedPiece*> sides[] = {piecesOf(explanation, white),
+                                                      piecesOf(explanation, black)};
+  const bool whiteMoves = explanation.sideToMove == white;
+  const double sums[] = {whiteMoves ? explanation.ownSum : explanation.opposingSum,
+                         whiteMoves ? explanation.opposingSum : explanation.ownSum};
+  const bool compares = calibration != nullptr;
+  TextColumns columns(compares ? "llrrlrr" : "llrlr");
+  std::vector<std::string> head{""};
+  for (std::size_t side = 0; side < 2; ++side) {
+    head.emplace_back(side == 0 ? "White" : "Black");
+    head.push_back(withSign(sums[side]));
+    if (compares) head.emplace_back("vs mean");
+  }
+  columns.add(head);
+  const std::size_t count = std::max({board.size(), sides[0].size(), sides[1].size()});
+  for (std::size_t line = 0; line < count; ++line) {
+    std::vector<std::string> cells{line < board.size() ? board[line] : ""};
+    for (const auto& pieces : sides) {
+      const bool any = line < pieces.size();
+      cells.push_back(any ? pieceName(*pieces[line]) : "");
+      cells.push_back(any ? withSign(pieces[line]->value) : "");
+      if (!compares) continue;
+      const std::optional<double> difference =
+          any ? differenceOf(explanation, *pieces[line], calibration) : std::nullopt;
+      cells.push_back(difference ? withSign(*difference) : "");
+    }
+    columns.add(cells);
+  }
+  return columns.str();
+}
+
+// A pattern's line, the weight in a column of its own.
+std::string patternLine(double weight, const std::string& name) {
+  const std::string number = withSign(weight);
+  return wrapped(std::string(number.size() < 10 ? 10 - number.size() : 0, ' ') + number + "  " + name, 14);
+}
+
+// In hundredths, as they are printed.
+double rounded(double number) {
+  return std::round(100.0 * number) / 100.0;
+}
+
+// The last line is what is left of the value as printed, so that the lines add up.
+std::string patternsText(PositionType type, const ExplainedPiece& piece, std::size_t top) {
+  std::string text;
+  double rest = rounded(piece.value);
+  const std::size_t shown = std::min(top, piece.patterns.size());
+  for (std::size_t place = 0; place < shown; ++place) {
+    const FiringPattern& pattern = piece.patterns[place];
+    text += patternLine(pattern.weight, patternName(type, piece.kind, pattern.mask));
+    rest -= rounded(pattern.weight);
+  }
+  const std::size_t more = piece.patterns.size() - shown;
+  if (more != 0) text += patternLine(rest, std::to_string(more) + " more");
+  return text;
+}
+
+std::string detailText(const Explanation& explanation, const Calibration* calibration,
+                       std::optional<std::size_t> top) {
+  std::vector<const ExplainedPiece*> pieces;
+  for (const ExplainedPiece& piece : explanation.pieces) pieces.push_back(&piece);
+  std::string text = "Patterns of each piece\n";
+  if (!top) {
+    std::ranges::stable_sort(pieces, std::greater(), [&](const ExplainedPiece* piece) {
+      return std::abs(differenceOf(explanation, *piece, calibration).value_or(piece->value));
+    });
+    pieces.resize(std::min(pieces.size(), standingOut));
+    text = calibration != nullptr ? "The pieces furthest from the mean of their kind\n"
+                                  : "The pieces that are worth most or least\n";
+  }
+  for (const ExplainedPiece* const piece : pieces) {
+    text += "  " + std::string(sideName(piece->side)) + " " + pieceName(*piece) + "  " +
+            withSign(piece->value) + "\n" +
+            patternsText(explanation.type, *piece, top.value_or(patternsOfPiece));
+  }
+  return text;
+}
+
+std::string squaresText(const std::vector<Square>& squares) {
+  std::string text;
+  for (const Square square : squares) text.append(" ").append(squareName(square));
+  return text;
+}
+
+std::string decidingText(const Explanation& explanation) {
+  const char* const mover = sideName(explanation.sideToMove);
+  std::string text = std::string("The patterns that decide it, as ") + mover + " sees them\n";
+  for (const DecidingPattern& pattern : decidingPatterns(explanation, deciding)) {
+    std::string name =
+        kindName(pattern.kind) + (": " + patternName(explanation.type, pattern.kind, pattern.mask)) + " (";
+    if (!pattern.own.empty()) name += mover + squaresText(pattern.own);
+    if (!pattern.own.empty() && !pattern.opposing.empty()) name += ", ";
+    if (!pattern.opposing.empty())
+      name += sideName(opponent(explanation.sideToMove)) + squaresText(pattern.opposing);
+    text += patternLine(pattern.weight, name + ")");
+  }
+  return text;
+}
+
+}  // namespace
+
+std::string explainText(const Origin& origin, const Explanation& explanation, const Calibration* calibration,
+                        std::optional<std::size_t> top, const std::string& howToCalibrate) {
+  std::string text = headText(origin, explanation, calibration, howToCalibrate) + "\n" +
+                     piecesText(explanation, calibration);
+  if (!explanation.typeHasPatterns) return text;
+  return text + "\n" + detailText(explanation, calibration, top) + "\n" + decidingText(explanation);
+}
+
+}  // namespace quorvane::inspect

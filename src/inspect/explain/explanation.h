@@ -1,0 +1,54 @@
+#ifndef QUORVANE_INSPECT_EXPLAIN_EXPLANATION_H_
+#define QUORVANE_INSPECT_EXPLAIN_EXPLANATION_H_
+
+#include <vector>
+
+#include "board/types.h"
+
+namespace quorvane::inspect {
+
+// Patterns that differ by nothing but features that every such piece has are one, without these features.
+struct FiringPattern {
+  ConfigurationWord mask;
+  double weight;
+};
+
+// What one piece is worth to its own side, and why.
+struct ExplainedPiece {
+  Square square;
+  Side side;
+  PieceKind kind;
+  ConfigurationWord word;
+  double value;                         // the sum of the weights
+  std::vector<FiringPattern> patterns;  // the greatest absolute weight first
+};
+
+// What the position on the board is worth, in the unit of targets.
+struct Explanation {
+  PositionType type;
+  Side sideToMove;
+  bool typeHasPatterns;                // false for a row that was never learned
+  std::vector<ExplainedPiece> pieces;  // of the side to move, then of the other; each the king first
+  double ownSum;                       // of the pieces of the side to move
+  double opposingSum;
+  double total() const { return ownSum - opposingSum; }  // as the side to move sees it
+};
+
+// Explains the position on the board by the network table. Sets what a classification sets.
+Explanation explainPosition();
+
+// What one pattern does to the whole position.
+struct DecidingPattern {
+  PieceKind kind;
+  ConfigurationWord mask;
+  double weight;                 // all of its pieces together, as the side to move sees it
+  std::vector<Square> own;       // pieces of the side to move on which it fires
+  std::vector<Square> opposing;  // the same of the other side
+};
+
+// At most `count`: those that do most, the greatest absolute weight first. What fires on both sides alike cancels out.
+std::vector<DecidingPattern> decidingPatterns(const Explanation& explanation, std::size_t count);
+
+}  // namespace quorvane::inspect
+
+#endif  // QUORVANE_INSPECT_EXPLAIN_EXPLANATION_H_

@@ -1,0 +1,78 @@
+#include "inspect/measure/calibration.h"
+
+#include <bit>
+#include <cstdint>
+#include <cstdio>
+
+#include "inspect/measure/logistic_curve.h"
+
+namespace quorvane::inspect {
+
+namespace {
+
+constexpr std::size_t fewestSamples = 1000;  // for a curve of its own
+
+std::vector<ScoredValue> scoredValues(const Measurement& measured) {
+  std::vector<ScoredValue> scored;
+  scored.reserve(measured.samples());
+  for (const Prediction& prediction : measured.predictions()) {
+    scored.push_back({prediction.value, scoreOf(prediction)});
+  }
+  return scored;
+}
+
+Mean meanOf(const Table<Mean, squareCount>& squares) {
+  Mean mean;
+  for (const Mean& square : squares) mean.add(square);
+  return mean;
+}
+
+}  // namespace
+
+std::optional<double> Calibration::expectedScore(PositionType type, double value) const {
+  if (!types[type].hasPatterns) return {};
+  return inspect::expectedScore(types[type].steepness, value);
+}
+
+// The 64-bit FNV-1a hash (Fowler, Noll and Vo).
+std::string fingerprintOf(const NetworkTable& table) {
+  std::uint64_t hash = 0xcbf29ce484222325U;
+  const auto add = [&hash](std::uint32_t number) {
+    for (int shift = 0; shift < 32; shift += 8) hash = (hash ^ (number >> shift & 0xff)) * 0x100000001b3U;
+  };
+  for (const NetworkRow& row : table) {
+    for (const NodeList& list : row) {
+      add(static_cast<std::uint32_t>(list.size()));
+      for (const PatternNode& node : list) {
+        add(node.mask);
+        add(std::bit_cast<std::uint32_t>(node.weight));
+      }
+    }
+  }
+  char text[17];
+  std::snprintf(text, sizeof text, "%016llx", static_cast<unsigned long long>(hash));
+  return text;
+}
+
+Calibration calibrate(const std::string& networkName, const NetworkTable& table,
+                      const Validation& validation) {
+  Calibration calibration{networkName, fingerprintOf(table), validation.files, validation.games, 0.0, {}};
+  calibration.steepnessOfAllTypes = fitSteepness(scoredValues(validation.all));
+  for (PositionType type = 0; type < positionTypeCount; ++type) {
+    const Measurement& measured = validation.byType[type];
+    TypeCalibration& calibrated = calibration.types[type];
+    calibrated.samples = measured.samples();
+    calibrated.hasPatterns = validation.patterns[type] != 0;
+    calibrated.bands = measured.bands();
+    for (std::int32_t kind = 0; kind < pieceKindCount; ++kind) {
+      calibrated.meanWorth[kind] = meanOf(validation.worth[type][kind]).value();
+    }
+    if (!calibrated.hasPatterns) continue;
+    calibrated.curveOfAllTypes = measured.samples() < fewestSamples;
+    calibrated.steepness =
+        calibrated.curveOfAllTypes ? calibration.steepnessOfAllTypes : fitSteepness(scoredValues(measured));
+  }
+  return calibration;
+}
+
+}  // namespace quorvane::inspect

@@ -1,0 +1,43 @@
+#ifndef QUORVANE_INSPECT_POSITION_POSITION_H_
+#define QUORVANE_INSPECT_POSITION_POSITION_H_
+
+#include <string>
+
+#include "board/board.h"
+
+namespace quorvane::inspect {
+
+// Where a position comes from.
+struct Origin {
+  std::string fen;
+  // Of a game: its players, if it has tags for them, and the move that led to the position, "12. Nbd7" or "12... Nf6";
+  // empty for the start position.
+  std::string white;
+  std::string black;
+  std::string move;
+};
+
+// Keeps the board of the process while it lives, and puts positions on it. One at a time.
+class Position : public Board {
+ public:
+  Position() = default;
+  ~Position() { releaseBoard(); }
+  Position(const Position&) = delete;
+  Position& operator=(const Position&) = delete;
+
+  // Which texts of a FEN are taken.
+  enum class Rules {
+    chess,    // those of a position that chess allows
+    lenient,  // those that the utility takes in a FEN tag
+  };
+  // Throws a Fault that tells why the text is refused.
+  static Origin setFen(const std::string& fen, Rules rules);
+
+  // The position of the file's game `number`, from 1, behind its first `plies` moves. Throws a Fault if there
+  // is no such game or no such ply.
+  static Origin setGame(const std::string& fileName, std::int32_t number, std::int32_t plies);
+};
+
+}  // namespace quorvane::inspect
+
+#endif  // QUORVANE_INSPECT_POSITION_POSITION_H_

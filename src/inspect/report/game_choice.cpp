@@ -1,0 +1,50 @@
+#include "inspect/report/game_choice.h"
+
+#include <algorithm>
+#include <functional>
+#include <map>
+#include <utility>
+
+#include "inspect/common/mean.h"
+
+namespace quorvane::inspect {
+
+namespace {
+
+// The games by their mean squared difference between score and expected score, the greatest first.
+std::vector<std::uint32_t> gamesByDifference(const Validation& validation, const Calibration& calibration) {
+  std::map<std::uint32_t, Mean> differences;
+  for (PositionType type = 0; type < positionTypeCount; ++type) {
+    for (const Prediction& prediction : validation.byType[type].predictions()) {
+      const auto expected = calibration.expectedScore(type, prediction.value);
+      if (!expected) continue;
+      const double difference = (prediction.outcome + 1) / 2.0 - *expected;
+      differences[prediction.game].add(difference * difference);
+    }
+  }
+  std::vector<std::pair<double, std::uint32_t>> sorted;
+  sorted.reserve(differences.size());
+  for (const auto& [game, difference] : differences) sorted.emplace_back(*difference.value(), game);
+  std::ranges::stable_sort(sorted, std::greater(), &std::pair<double, std::uint32_t>::first);
+  std::vector<std::uint32_t> games;
+  games.reserve(sorted.size());
+  for (const auto& [difference, game] : sorted) games.push_back(game);
+  return games;
+}
+
+}  // namespace
+
+std::vector<std::uint32_t> chooseGames(const Validation& validation, const Calibration& calibration,
+                                       std::size_t count) {
+  std::vector<std::uint32_t> games = gamesByDifference(validation, calibration);
+  if (games.size() <= count) return games;
+  const std::size_t worst = count / 2;
+  const std::size_t others = count - worst;
+  for (std::size_t number = 1; number <= others; ++number) {
+    games[worst + number - 1] = games[worst - 1 + (games.size() - worst) * number / others];
+  }
+  games.resize(count);
+  return games;
+}
+
+}  // namespace quorvane::inspect
