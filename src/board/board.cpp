@@ -8,7 +8,7 @@ namespace quorvane {
 Piece* Board::board[squareCount + 1];
 Piece* Board::pieceById[pieceIdCount];
 Piece* Board::kings[2];
-Table<Table<SquareSet, pieceKindCount>, 2> Board::squaresOf;
+PieceSets Board::squaresOf;
 MoveRecord Board::currentMove;
 MoveRecord* Board::moveBuffer = nullptr;
 MoveList* Board::activeMoveList = nullptr;
@@ -17,12 +17,13 @@ HashState* Board::hashState = nullptr;
 Square Board::enPassantSquare = noSquare;
 PositionType Board::positionType = lastPositionType;
 bool Board::pawnEnding = false;
-Board::PawnFiles Board::whitePawnFiles;
-Board::PawnFiles Board::blackPawnFiles;
+PawnFiles Board::whitePawnFiles;
+PawnFiles Board::blackPawnFiles;
 SquareSet Board::movingKingReach;
 SquareSet Board::opposingKingReach;
 SquareSet* Board::ownKingReach = nullptr;
 SquareSet* Board::enemyKingReach = nullptr;
+SquareSet Board::occupied;
 bool Board::opposingKingIsSafe = false;
 bool Board::singletonsExist = false;
 

@@ -4,9 +4,9 @@
 #include <cstdint>
 
 #include "board/decoded_move.h"
-#include "board/reach_tables.h"
+#include "board/pawn_files.h"
+#include "board/piece_sets.h"
 #include "board/records.h"
-#include "board/table.h"
 #include "board/types.h"
 
 namespace quorvane {
@@ -65,8 +65,8 @@ class Board {
   static constexpr Piece*& EmptySquare = board[noSquare];
   static Piece* pieceById[pieceIdCount];
   static Piece* kings[2];  // by Side; the anchors of the rings
-  // Where the pieces in the rings stand, by Side and PieceKind: `board` once more, for a search by kind.
-  static Table<Table<SquareSet, pieceKindCount>, 2> squaresOf;
+  // Where the pieces in the rings stand: `board` once more, for a search by kind and for their attacks.
+  static PieceSets squaresOf;
   // Enters a piece in squaresOf on those of the squares where it was not, and takes it off the others.
   static void toggleSquares(const Piece* piece, SquareSet squares);
   static MoveRecord currentMove;    // the working record; home of `sideToMove`
@@ -79,13 +79,13 @@ class Board {
   static bool pawnEnding;            // kings and pawns only; written by the classifier
 
   // Working storage of ConfigurationPass::computeConfigurations, valid only while it runs.
-  using PawnFiles = Table<std::int32_t, 10>;  // pawns per file at file + 1, between two borders of 0
   static PawnFiles whitePawnFiles;
   static PawnFiles blackPawnFiles;
   static SquareSet movingKingReach;    // the empty squares next to the king of the side to move
   static SquareSet opposingKingReach;  // the same for the other king
   static SquareSet* ownKingReach;      // as seen from the piece that is being described
   static SquareSet* enemyKingReach;
+  static SquareSet occupied;  // the squares of all pieces
 
  private:
   static void undoPromotion();

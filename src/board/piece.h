@@ -5,13 +5,14 @@
 #include <cstdint>
 
 #include "board/board.h"
-#include "board/reach_tables.h"
 #include "board/types.h"
 
 namespace quorvane {
 
 struct PawnRules;
 struct PieceClass;
+struct PieceFeatures;
+struct Surroundings;
 
 // A piece of the position; Piece itself serves as the one object that fills every empty square.
 //
@@ -85,11 +86,11 @@ class Piece : public Board {
   void generatePawnCaptures(const PawnRules& rules);
   void addPawnConfiguration(const PawnRules& rules);
 
-  // What knight, bishop, rook and queen describe alike: a mark on a piece that they reach, and where they
-  // stand, with the free squares that they reach. The rays are those of raysFrom.
-  void markReached(Piece& reached) const;
-  void addReachAlongRays(std::int32_t firstRay, std::int32_t endRay);
-  void addPlace(SquareSet freeSquares);
+  // What the working storage of the pass holds, as this piece sees it.
+  Surroundings surroundings() const;
+  // Writes features into the word of this piece, and its marks into those of others.
+  void add(const PieceFeatures& features);
+  void mark(SquareSet reached) const;
 };
 
 inline void Board::toggleSquares(const Piece* piece, SquareSet squares) {

@@ -15,6 +15,18 @@ constexpr SquareSet setOf(Square square) {
   return SquareSet{1} << square;
 }
 
+// How many squares; adds up bits side by side, as std::popcount calls a function where the processor may lack the
+// instruction.
+constexpr std::int32_t countOf(SquareSet squares) {
+  squares -= squares >> 1 & 0x5555555555555555;
+  squares = (squares & 0x3333333333333333) + (squares >> 2 & 0x3333333333333333);
+  squares = (squares + (squares >> 4)) & 0x0f0f0f0f0f0f0f0f;
+  return static_cast<std::int32_t>(squares * 0x0101010101010101 >> 56);
+}
+constexpr bool holdsSeveral(SquareSet squares) {
+  return (squares & (squares - 1)) != 0;
+}
+
 // The squares of a set, for a loop over them from a1 to h8.
 class Squares {
  public:

@@ -11,24 +11,19 @@ void ConfigurationPass::computeConfigurations() {
   Piece* const movingKing = kings[currentMove.sideToMove];
   Piece* const opposingKing = kings[opponent(currentMove.sideToMove)];
 
-  // Every word is reset before the first call of addConfiguration: pieces leave marks on each other in any
-  // order.
-  whitePawnFiles = {};
-  blackPawnFiles = {};
-  const auto countPawn = [](const Piece& piece) {
-    if (piece.kind == pawnKind)
-      ++(piece.side == white ? whitePawnFiles : blackPawnFiles)[fileOf(piece.square) + 1];
-  };
+  whitePawnFiles = filesOf(squaresOf[white][pawnKind]);
+  blackPawnFiles = filesOf(squaresOf[black][pawnKind]);
+  occupied = squaresOf.ofSide(white) | squaresOf.ofSide(black);
+
+  // Every word is reset before the first call of addConfiguration: pieces leave marks on each other in any order.
   std::int32_t balance = 0;
   for (Piece& piece : Ring(movingKing)) {
     balance += piece.material;
     piece.configuration = 0;
-    countPawn(piece);
   }
   for (Piece& piece : Ring(opposingKing)) {
     balance -= piece.material;
     piece.configuration = notOnMove;
-    countPawn(piece);
   }
 
   // A king fills the map of its neighbour squares before any piece reads it.

@@ -1,63 +1,61 @@
-// Knight, bishop, rook and queen.
+// What each class of pieces adds to the words of a position on the board.
 
 #include "board/piece.h"
-#include "board/reach_tables.h"
-#include "configurations/configuration_word.h"
-#include "configurations/place_bits.h"
-#include "configurations/relation_bits.h"
+#include "configurations/piece_features.h"
 
 namespace quorvane {
+
+Surroundings Piece::surroundings() const {
+  return {occupied, *ownKingReach, *enemyKingReach, kings[side]->square, kings[opponent(side)]->square};
+}
+
+void Piece::add(const PieceFeatures& features) {
+  configuration |= features.own;
+  mark(features.reached);
+}
+
+void Piece::mark(SquareSet reached) const {
+  for (const Square at : Squares(reached & occupied)) {
+    Piece& piece = *board[at];
+    piece.configuration |= markBy(kind, piece.side == side);
+  }
+}
 
 // The empty square's piece describes nothing.
 void Piece::addConfiguration() {}
 
-void Piece::markReached(Piece& reached) const {
-  reached.configuration |= reached.side == side ? guardedBy(kind) : attackedBy(kind);
+inline void Piece::addPawnConfiguration(const PawnRules& rules) {
+  const bool isWhite = rules.side == white;
+  configuration |= pawnBits(rules, square, occupied, isWhite ? whitePawnFiles : blackPawnFiles,
+                            isWhite ? blackPawnFiles : whitePawnFiles);
+  mark(pawnAttacks(rules.side, setOf(square)));
+  if (!pawnEnding) return;
+  const bool onMove = (configuration & notOnMove) == 0;
+  configuration |= raceBits(rules, square, kings[side]->square, kings[opponent(side)]->square, onMove);
 }
 
-void Piece::addReachAlongRays(std::int32_t firstRay, std::int32_t endRay) {
-  SquareSet freeSquares = 0;
-  for (std::int32_t ray = firstRay; ray < endRay; ++ray) {
-    for (const std::uint8_t reached : raysFrom[square][ray]) {
-      if (board[reached] != EmptySquare) {
-        markReached(*board[reached]);
-        break;
-      }
-      freeSquares |= setOf(reached);
-    }
-  }
-  addPlace(freeSquares);
+void WhitePawn::addConfiguration() {
+  addPawnConfiguration(whitePawnRules);
 }
-
-void Piece::addPlace(SquareSet freeSquares) {
-  configuration |= placeBits(kind, side, square);
-  configuration |= reachBits(freeSquares, *ownKingReach, *enemyKingReach);
+void BlackPawn::addConfiguration() {
+  addPawnConfiguration(blackPawnRules);
 }
-
 void Knight::addConfiguration() {
-  SquareSet freeSquares = 0;
-  for (const std::uint8_t reached : knightSteps[square]) {
-    if (board[reached] == EmptySquare) {
-      freeSquares |= setOf(reached);
-    } else {
-      markReached(*board[reached]);
-    }
-  }
-  addPlace(freeSquares);
+  add(featuresOf<knightKind>(side, square, surroundings()));
 }
-
 void Bishop::addConfiguration() {
-  addReachAlongRays(0, firstStraightRay);
+  add(featuresOf<bishopKind>(side, square, surroundings()));
 }
-
 void Rook::addConfiguration() {
-  addReachAlongRays(firstStraightRay, rayCount);
-  configuration |= rookBits(square, kings[opponent(side)]->square);
+  add(featuresOf<rookKind>(side, square, surroundings()));
+}
+void Queen::addConfiguration() {
+  add(featuresOf<queenKind>(side, square, surroundings()));
 }
 
-void Queen::addConfiguration() {
-  addReachAlongRays(0, rayCount);
-  configuration |= queenBits(square, kings[opponent(side)]->square);
+void King::addConfiguration() {
+  *ownKingReach = attackSet[kingKind][square] & ~occupied;
+  add(kingFeatures(side, surroundings(), squaresOf[side][pawnKind], castled));
 }
 
 }  // namespace quorvane

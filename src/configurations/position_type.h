@@ -5,6 +5,7 @@
 #include <initializer_list>
 
 #include "board/piece_classes.h"
+#include "board/piece_sets.h"
 #include "board/table.h"
 #include "board/types.h"
 
@@ -12,6 +13,12 @@ namespace quorvane {
 
 // How many pieces of each kind a side has.
 using PieceCounts = Table<std::int32_t, pieceKindCount>;
+
+inline PieceCounts countsOf(const SideSets& pieces) {
+  PieceCounts counts;
+  for (std::int32_t kind = 0; kind < pieceKindCount; ++kind) counts[kind] = countOf(pieces[kind]);
+  return counts;
+}
 
 // In thousandths of a pawn.
 constexpr std::int32_t materialOf(const PieceCounts& counts) {

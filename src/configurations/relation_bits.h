@@ -4,14 +4,14 @@
 #include <algorithm>
 #include <cstdint>
 
+#include "board/pawn_files.h"
 #include "board/piece_classes.h"
 #include "board/square_set.h"
 #include "board/table.h"
 #include "board/types.h"
 #include "configurations/configuration_word.h"
 
-// The bits that a piece has by how it stands to others: material, files of pawns, and the kings. Every walk over a
-// position, whatever it is kept in, works them out from the same few numbers.
+// The bits that a piece has by how it stands to others: material, files of pawns, and the kings.
 
 namespace quorvane {
 
@@ -59,11 +59,11 @@ constexpr ConfigurationWord kingDistanceBits(Square king, Square otherKing) {
   return bits;
 }
 
-// Of a king with that many empty squares and own pawns next to it.
-constexpr ConfigurationWord neighbourBits(std::int32_t emptySquares, std::int32_t ownPawns) {
+// Of a king, by the empty squares and the own pawns next to it.
+constexpr ConfigurationWord neighbourBits(SquareSet emptySquares, SquareSet ownPawns) {
   ConfigurationWord bits = 0;
-  if (ownPawns >= 2) bits |= king_bits::twoOwnPawnsBeside;
-  if (emptySquares <= 1) bits |= king_bits::hardlyAnyFreeNeighbour;
+  if (holdsSeveral(ownPawns)) bits |= king_bits::twoOwnPawnsBeside;
+  if (!holdsSeveral(emptySquares)) bits |= king_bits::hardlyAnyFreeNeighbour;
   return bits;
 }
 
@@ -72,22 +72,23 @@ constexpr ConfigurationWord reachBits(SquareSet reached, SquareSet besideOwnKing
   ConfigurationWord bits = (reached & besideOwnKing) != 0 ? reachesBesideOwnKing : 0;
   const SquareSet both = reached & besideEnemyKing;
   if (both == 0) return bits;
-  const bool moreThanOne = (both & (both - 1)) != 0;
-  return bits | (moreThanOne ? reachesMoreBesideEnemyKing : reachesOneBesideEnemyKing);
+  return bits | (holdsSeveral(both) ? reachesMoreBesideEnemyKing : reachesOneBesideEnemyKing);
 }
 
-// Of a pawn: do own and enemy pawns stand on its file and on those next to it? Both are asked by file + 1, 0 to 9, and
-// answer for the two beyond the board that nobody does.
-template <typename OwnPawnsOn, typename EnemyPawnsOn>
-constexpr ConfigurationWord pawnFileBits(std::int32_t file, OwnPawnsOn ownPawnsOn,
-                                         EnemyPawnsOn enemyPawnsOn) {
+// Of a pawn, by the files on which own and enemy pawns stand.
+constexpr ConfigurationWord pawnFileBits(std::int32_t file, PawnFiles own, PawnFiles enemy) {
   using namespace pawn_bits;
+  constexpr PawnFiles towardsA = 1;  // where the file and its neighbours come to lie
+  constexpr PawnFiles same = 2;
+  constexpr PawnFiles towardsH = 4;
+  own >>= file;
+  enemy >>= file;
   ConfigurationWord bits = 0;
-  if (ownPawnsOn(file + 1)) bits |= ownPawnOnFile;
-  if (!enemyPawnsOn(file + 1)) bits |= noEnemyPawnOnFile;
-  if (!enemyPawnsOn(file) && !enemyPawnsOn(file + 2)) bits |= noEnemyPawnBeside;
-  if (ownPawnsOn(file)) bits |= ownPawnTowardsA;
-  if (ownPawnsOn(file + 2)) bits |= ownPawnTowardsH;
+  if ((own & same) != 0) bits |= ownPawnOnFile;
+  if ((enemy & same) == 0) bits |= noEnemyPawnOnFile;
+  if ((enemy & (towardsA | towardsH)) == 0) bits |= noEnemyPawnBeside;
+  if ((own & towardsA) != 0) bits |= ownPawnTowardsA;
+  if ((own & towardsH) != 0) bits |= ownPawnTowardsH;
   return bits;
 }
 

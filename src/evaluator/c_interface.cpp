@@ -7,6 +7,7 @@
 #include <string_view>
 
 #include "configurations/bit_names.h"
+#include "configurations/position_type.h"
 #include "evaluator/given_position.h"
 #include "evaluator/learned_network.h"
 #include "evaluator/word_cache.h"
@@ -47,7 +48,7 @@ auto valuesOf(quorvane_cache& cache) {
 
 template <typename Source>
 int evaluateFrom(Source& source, const quorvane_position& position, double& value) {
-  PieceSets sets;
+  PositionSets sets;
   const quorvane_status status = readPosition(position, sets);
   if (status == QUORVANE_OK) value = evaluate(sets, describe(sets), valuesOf(source));
   return status;
@@ -150,9 +151,10 @@ int quorvane_read_fen(const char* fen, quorvane_position* position) noexcept {
 
 int quorvane_position_type(const quorvane_position* position, int* type) noexcept {
   if (position == nullptr || type == nullptr) return QUORVANE_NULL_POINTER;
-  PieceSets sets;
+  PositionSets sets;
   const quorvane_status status = readPosition(*position, sets);
-  if (status == QUORVANE_OK) *type = sets.type();
+  if (status == QUORVANE_OK)
+    *type = positionTypeOf(countsOf(sets.pieces[white]), countsOf(sets.pieces[black]));
   return status;
 }
 
@@ -191,7 +193,7 @@ int quorvane_evaluate_fens(quorvane_cache* cache, const char* const* fens, size_
 int quorvane_explain(const quorvane_network* network, const quorvane_position* position,
                      quorvane_explanation* explanation) noexcept {
   if (network == nullptr || position == nullptr || explanation == nullptr) return QUORVANE_NULL_POINTER;
-  PieceSets sets;
+  PositionSets sets;
   const quorvane_status status = readPosition(*position, sets);
   if (status != QUORVANE_OK) return status;
   const PositionWords described = describe(sets);
@@ -199,9 +201,9 @@ int quorvane_explain(const quorvane_network* network, const quorvane_position* p
   explanation->value = evaluate(sets, described, valuesOf(*network));
   explanation->type = described.type;
   for (const Square square : Squares(described.occupied)) {
-    const Side side = (sets.ofSide(white) & setOf(square)) != 0 ? white : black;
+    const Side side = (sets.pieces.ofSide(white) & setOf(square)) != 0 ? white : black;
     std::int32_t kind = 0;
-    while ((sets.squares[side][kind] & setOf(square)) == 0) ++kind;
+    while ((sets.pieces[side][kind] & setOf(square)) == 0) ++kind;
     auto& piece = explanation->pieces[explanation->count++];
     piece.word = described.words[square];
     piece.value = network->learned.patterns(described.type, kind).valueOf(piece.word);

@@ -11,10 +11,10 @@ static_assert(int{QUORVANE_MAX_PIECES} == 2 * piecesPerSide);
 static_assert(sizeof(quorvane_position) == 72 && alignof(quorvane_position) == 4);
 static_assert(sizeof(quorvane_explanation) == 528);
 
-quorvane_status readPosition(const quorvane_position& position, PieceSets& sets) {
+quorvane_status readPosition(const quorvane_position& position, PositionSets& sets) {
   if (position.count < 0 || position.count > QUORVANE_MAX_PIECES) return QUORVANE_PIECE_COUNT;
   if (position.side_to_move > QUORVANE_WHITE) return QUORVANE_SIDE_UNKNOWN;
-  PieceSets read;
+  PositionSets read;
   SquareSet taken = 0;
   for (std::int32_t i = 0; i < position.count; ++i) {
     const std::int32_t piece = position.pieces[i].piece;
@@ -25,12 +25,12 @@ quorvane_status readPosition(const quorvane_position& position, PieceSets& sets)
     if (square >= squareCount) return QUORVANE_SQUARE_RANGE;
     if ((taken & setOf(square)) != 0) return QUORVANE_SQUARE_TAKEN;
     taken |= setOf(square);
-    read.squares[side][kind] |= setOf(square);
+    read.pieces[side][kind] |= setOf(square);
     if (kind == pawnKind && relativeRank(side, rankOf(square)) == 7) return QUORVANE_PAWN_ON_LAST_RANK;
   }
   for (const Side side : {black, white}) {
-    if (std::popcount(read.squares[side][kingKind]) != 1) return QUORVANE_KING_COUNT;
-    if (std::popcount(read.ofSide(side)) > piecesPerSide) return QUORVANE_PIECE_COUNT;
+    if (std::popcount(read.pieces[side][kingKind]) != 1) return QUORVANE_KING_COUNT;
+    if (std::popcount(read.pieces.ofSide(side)) > piecesPerSide) return QUORVANE_PIECE_COUNT;
   }
   read.sideToMove = position.side_to_move;
   read.castled[white] = position.white_castled != 0;

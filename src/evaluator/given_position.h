@@ -3,7 +3,7 @@
 
 #include <string_view>
 
-#include "evaluator/piece_sets.h"
+#include "configurations/position_words.h"
 #include "quorvane/evaluator.h"
 
 namespace quorvane::evaluator {
@@ -15,7 +15,7 @@ namespace quorvane::evaluator {
 quorvane_status readFen(std::string_view fen, quorvane_position& position);
 
 // The same position as sets, if it is one that can be evaluated.
-quorvane_status readPosition(const quorvane_position& position, PieceSets& sets);
+quorvane_status readPosition(const quorvane_position& position, PositionSets& sets);
 
 }  // namespace quorvane::evaluator
 

@@ -1,9 +1,8 @@
 #ifndef QUORVANE_EVALUATOR_LEARNED_NETWORK_H_
 #define QUORVANE_EVALUATOR_LEARNED_NETWORK_H_
 
+#include "configurations/position_words.h"
 #include "evaluator/pattern_trie.h"
-#include "evaluator/piece_sets.h"
-#include "evaluator/position_words.h"
 #include "network/network_table.h"
 
 namespace quorvane::evaluator {
@@ -23,11 +22,11 @@ class LearnedNetwork {
 
 // The value of a position, which `described` describes, as the side to move sees it, with the worth of a word from `valueOf(type, kind, word)`.
 template <typename ValueOf>
-double evaluate(const PieceSets& position, const PositionWords& described, ValueOf valueOf) {
+double evaluate(const PositionSets& position, const PositionWords& described, ValueOf valueOf) {
   const auto sumOf = [&](Side side) {
     double sum = 0.0;
     for (std::int32_t kind = 0; kind < pieceKindCount; ++kind) {
-      for (const Square square : Squares(position.squares[side][kind])) {
+      for (const Square square : Squares(position.pieces[side][kind])) {
         sum += valueOf(described.type, kind, described.words[square]);
       }
     }

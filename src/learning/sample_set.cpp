@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <bit>
+#include <cassert>
 
 #include "learning/sample_walk.h"
 
@@ -9,22 +10,31 @@ namespace quorvane {
 
 namespace {
 
-constexpr std::uint64_t packed(const PieceConfiguration& piece) {
-  return std::uint64_t{piece.kind} << 32 | piece.word;
-}
-constexpr std::uint64_t noPiece = packed({0, emptyKind});
-
-// The places at which the rows differ, as a set.
-template <typename Row>
-std::uint32_t differences(const Row& a, const Row& b) {
-  std::uint32_t places = 0;
-  for (std::int32_t place = 0; place < SampleSet::placeCount; ++place) {
-    places |= (a[place] != b[place] ? 1U : 0U) << place;
-  }
-  return places;
-}
+constexpr auto setOfPlace = [] {
+  Table<std::uint32_t, SampleSet::placeCount> table{};
+  for (std::int32_t place = 0; place < SampleSet::placeCount; ++place)
+    table[place] = std::uint32_t{1} << place;
+  return table;
+}();
 
 }  // namespace
+
+void SampleSet::Row::put(std::int32_t place, std::span<const PieceConfiguration> list) {
+  for (const PieceConfiguration& piece : list) {
+    words[place] = piece.word;
+    kinds[place++] = piece.kind;
+  }
+}
+
+std::uint32_t SampleSet::Row::differences(const Row& other) const {
+  // Without branches, so that several places are compared at once.
+  std::uint32_t places = 0;
+  for (std::int32_t place = 0; place < placeCount; ++place)
+    places |= setOfPlace[place] & (0U - std::uint32_t{words[place] != other.words[place]});
+  for (std::int32_t place = 0; place < placeCount; ++place)
+    places |= setOfPlace[place] & (0U - std::uint32_t{kinds[place] != other.kinds[place]});
+  return places;
+}
 
 void SampleSet::clear() {
   forms.clear();
@@ -32,7 +42,7 @@ void SampleSet::clear() {
   blocksInUse = 0;
   pieces = 0;
   while (capacity() < smallestCapacity) addBlock();
-  for (Row& row : recent) std::fill(row.begin(), row.end(), noPiece);
+  recent = {};
   newest = 0;
 }
 
@@ -60,14 +70,14 @@ std::uint32_t* SampleSet::recordStart() {
 
 void SampleSet::append(std::span<const PieceConfiguration> ownList,
                        std::span<const PieceConfiguration> opposingList, std::int32_t target) {
+  assert(ownList.size() <= piecesPerSide && opposingList.size() <= piecesPerSide);
   Row row;
-  std::fill(std::ranges::transform(ownList, row.begin(), packed).out, row.begin() + piecesPerSide, noPiece);
-  std::fill(std::ranges::transform(opposingList, row.begin() + piecesPerSide, packed).out, row.end(),
-            noPiece);
+  row.put(0, ownList);
+  row.put(piecesPerSide, opposingList);
 
   const std::int32_t older = 1 - newest;
-  std::uint32_t changed = differences(row, recent[older]);
-  const std::uint32_t changedFromLast = differences(row, recent[newest]);
+  std::uint32_t changed = row.differences(recent[older]);
+  const std::uint32_t changedFromLast = row.differences(recent[newest]);
   const bool followsLast = std::popcount(changedFromLast) < std::popcount(changed);
   if (followsLast) changed = changedFromLast;
   const Row& before = recent[followsLast ? newest : older];
@@ -76,21 +86,19 @@ void SampleSet::append(std::span<const PieceConfiguration> ownList,
   std::uint32_t* record = start;
   *record++ = static_cast<std::uint32_t>(target);
   *record++ = changed;
-  bool changesKinds = false;
-  for (std::int32_t place = 0; place < placeCount; ++place) {
-    changesKinds |= row[place] >> 32 != before[place] >> 32;
-  }
+  const bool changesKinds = !std::ranges::equal(row.kinds, before.kinds);
   if (changesKinds) {
     std::fill_n(record, placeCount / kindsPerNumber, 0U);
     for (std::size_t place = 0; place < placeCount; ++place) {
-      const auto kind = static_cast<std::uint32_t>(row.entries[place] >> 32);
+      const std::uint32_t kind = row.kinds.entries[place];
       record[place / kindsPerNumber] |= kind << place % kindsPerNumber * 4;
     }
     record += placeCount / kindsPerNumber;
   }
   for (std::uint32_t left = changed; left != 0; left &= left - 1) {
-    const std::uint64_t piece = row[std::countr_zero(left)];
-    if (piece != noPiece) *record++ = static_cast<ConfigurationWord>(piece);
+    const std::int32_t place = std::countr_zero(left);
+    *record = row.words[place];
+    record += row.kinds[place] != emptyKind ? 1 : 0;
   }
   blocks[blocksInUse - 1].used += static_cast<std::size_t>(record - start);
   pieces += ownList.size() + opposingList.size();

@@ -50,8 +50,21 @@ class SampleSet {
   static constexpr std::size_t kindsPerNumber = 8;  // of four bits each
   static constexpr std::size_t longestRecord = 2 + placeCount / kindsPerNumber + placeCount;
 
-  // The pieces of a sample by place, each with its kind above its word; emptyKind and the word 0 where there is none.
-  using Row = Table<std::uint64_t, placeCount>;
+  static constexpr auto noPieces = [] {
+    Table<std::uint8_t, placeCount> kinds{};
+    for (std::uint8_t& kind : kinds) kind = emptyKind;
+    return kinds;
+  }();
+  // The pieces of a sample by place; emptyKind and the word 0 where there is none.
+  struct Row {
+    Table<ConfigurationWord, placeCount> words{};
+    Table<std::uint8_t, placeCount> kinds = noPieces;
+
+    // Enters pieces from `place` on.
+    void put(std::int32_t place, std::span<const PieceConfiguration> list);
+    // The places at which another row has another piece, as a set.
+    std::uint32_t differences(const Row& other) const;
+  };
 
   // How a sample is stored.
   struct Form {

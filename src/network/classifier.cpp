@@ -1,5 +1,3 @@
-#include "board/piece.h"
-#include "board/ring.h"
 #include "configurations/position_type.h"
 #include "network/network.h"
 
@@ -8,12 +6,7 @@ namespace quorvane {
 PositionType Network::classifyPosition(PositionType requested, bool clear) {
   positionType = requested;
   if (requested == classifyBoard) {
-    const auto count = [](Side side) {
-      PieceCounts counts{};
-      for (const Piece& piece : Ring(kings[side])) ++counts[piece.kind];
-      return counts;
-    };
-    positionType = positionTypeOf(count(white), count(black));
+    positionType = positionTypeOf(countsOf(squaresOf[white]), countsOf(squaresOf[black]));
   }
   pawnEnding = isPawnEnding(positionType);
   if (clear) clearCaches();

@@ -12,7 +12,7 @@ namespace quorvane {
 
 const char* BoardLaws::brokenByPieces() {
   std::ptrdiff_t standing = 0;
-  auto squaresInRings = decltype(squaresOf){};
+  auto squaresInRings = PieceSets{};
   for (Piece* const king : kings) {
     if (king->kind != kingKind) return "a ring is anchored at its king";
     for (const Piece& piece : Ring(king)) {

@@ -1,5 +1,5 @@
-#ifndef QUORVANE_EVALUATOR_ATTACKS_H_
-#define QUORVANE_EVALUATOR_ATTACKS_H_
+#ifndef QUORVANE_BOARD_ATTACKS_H_
+#define QUORVANE_BOARD_ATTACKS_H_
 
 #include <bit>
 #include <cstdint>
@@ -8,18 +8,9 @@
 #include "board/square_set.h"
 #include "board/table.h"
 
-namespace quorvane::evaluator {
+namespace quorvane {
 
-// The rays of reach_tables.h as sets, and which of them lead to higher squares.
-inline constexpr auto raySets = [] {
-  Table<Table<SquareSet, rayCount>, squareCount> table{};
-  for (Square square = 0; square < squareCount; ++square) {
-    for (std::int32_t ray = 0; ray < rayCount; ++ray) {
-      for (const std::uint8_t to : raysFrom[square][ray]) table[square][ray] |= setOf(to);
-    }
-  }
-  return table;
-}();
+// Does the ray lead to higher squares?
 constexpr bool ascends(std::int32_t ray) {
   return directions::queen[ray] > 0;
 }
@@ -43,6 +34,14 @@ SquareSet slide(Square from, SquareSet occupied) {
   return reached;
 }
 
+// The squares that the pawns of a side cover.
+constexpr SquareSet pawnAttacks(Side side, SquareSet pawns) {
+  constexpr SquareSet fileA = 0x0101010101010101;
+  const SquareSet towardsA = pawns & ~fileA;
+  const SquareSet towardsH = pawns & ~(fileA << 7);
+  return side == white ? towardsA << 7 | towardsH << 9 : towardsA >> 9 | towardsH >> 7;
+}
+
 // The squares that a knight, bishop, rook, queen or king reaches.
 inline SquareSet attacks(PieceKind kind, Square from, SquareSet occupied) {
   switch (kind) {
@@ -57,6 +56,6 @@ inline SquareSet attacks(PieceKind kind, Square from, SquareSet occupied) {
   }
 }
 
-}  // namespace quorvane::evaluator
+}  // namespace quorvane
 
-#endif  // QUORVANE_EVALUATOR_ATTACKS_H_
+#endif  // QUORVANE_BOARD_ATTACKS_H_
