@@ -12,7 +12,7 @@ trap 'rm -rf "$work"' EXIT
 mkdir "$work/bin" "$work/folder"
 ln -s "$(realpath "$2")" "$work/bin/quorvane-learn"
 ln -s "$(realpath "$3")" "$work/bin/quorvane-inspect"
-export PATH=$work/bin:$PATH LC_ALL=C.UTF-8
+export PATH=$work/bin:$PATH LC_ALL=C.UTF-8 TZ=UTC
 cd "$work/folder" || exit 1
 
 # What the transcripts use besides the programs.
@@ -33,6 +33,19 @@ short() {
 }
 # The data that stand in a page.
 data() { perl -0777 -ne 'print $1 if m|id="data">(.*?)</script>|s' "$1"; }
+# What the script $2, which knows clicks.mjs, tells of the page $1 in a window of this size. Skipped without a browser.
+browse() {
+  {
+    echo '<script>onerror = (fault) => { document.title = fault; };</script>'
+    cat "$1"
+    printf '<script type="module">\n%s\n%s\nfinish();</script>\n' "$(cat "$tests/inspect/clicks.mjs")" "$2"
+  } >"$work/browsed.html"
+  "$browser" --headless --no-sandbox --disable-gpu --disable-dev-shm-usage --no-first-run \
+    --user-data-dir="$work/profile" --window-size="${3-1400,1000}" "${@:4}" --virtual-time-budget=2000 --dump-dom \
+    "file://$work/browsed.html" 2>/dev/null |
+    perl -0777 -ne 's/&lt;/</g; s/&gt;/>/g; s/&nbsp;/ /g; s/&amp;/&/g; print m|<pre id="said">(.*)</pre>|s ? "$1\n" : $_'
+}
+if grep -q '^\$ browse' "$transcript"; then browser=$(command -v chromium || command -v google-chrome) || exit 77; fi
 
 while IFS= read -r line <&3; do
   case $line in
