@@ -5,11 +5,14 @@ const one = (selector) => document.querySelector(selector);
 const all = (selector) => [...document.querySelectorAll(selector)];
 // Numbers of graphics in whole units, whatever the browser adds to them.
 const rounded = (text) => text.replace(/-?\d+\.\d+/g, (number) => String(Math.round(Number(number)) || 0));
+const attributes = (shape) => [...shape.attributes].map(({ name, value }) => `${name}=${value}`);
 const graphic = (svg) =>
-  [...svg.children].map((shape) => rounded([shape.tagName, ...[...shape.attributes].map(({ name, value }) => `${name}=${value}`), shape.textContent].join(" ")));
+  [...svg.children].map((shape) => rounded([shape.tagName, ...attributes(shape), shape.textContent].join(" ")));
 const titles = (element) => [...element.querySelectorAll("[title]")].map(({ title }) => ` [${title}]`).join("");
-const row = (tr) => [...tr.cells].map((cell) => cell.textContent + (cell.title && ` [${cell.title}]`) + titles(cell)).join(" | ");
-const square = (cell) => rounded(`${cell.dataset.square} ${cell.className} ${cell.textContent} ${cell.getAttribute("style")}${titles(cell)}`);
+const withTitles = (cell) => cell.textContent + (cell.title && ` [${cell.title}]`) + titles(cell);
+const row = (tr) => [...tr.cells].map(withTitles).join(" | ");
+const square = (cell) =>
+  rounded([cell.dataset.square, cell.className, withTitles(cell), cell.getAttribute("style")].join(" "));
 
 // The texts of what the selectors find: rows of tables, shapes of graphics, pieces of boards, texts of all else.
 const say = (...selectors) => {

@@ -1,7 +1,8 @@
 #!/usr/bin/env bash
-# transcript_test.sh TRANSCRIPT LEARN INSPECT: runs the commands of a transcript, its lines that begin with "$ ", one
-# after the other in an empty folder. They have to print what stands below them: standard output, then standard error
-# behind "! ", then the status behind "= " if it is not 0. With QUORVANE_APPROVE set, the transcript is written anew.
+# transcript_test.sh TRANSCRIPT LEARN INSPECT: runs the commands of a transcript, its lines that begin with "$ " and go on
+# behind "> ", one after the other in an empty folder. They have to print what stands below them: standard output, then
+# standard error behind "! ", then the status behind "= " if it is not 0. With QUORVANE_APPROVE set, the transcript is
+# written anew.
 set -uo pipefail
 
 transcript=$(realpath "$1")
@@ -29,7 +30,8 @@ small_network() {
 }
 # JSON in fewer lines, its numbers in five digits.
 short() {
-  perl -0777 -pe 's/-?\d+\.\d+(e[-+]?\d+)?/sprintf("%.5g", abs $& < 1e-9 ? 0 : $&)/ge; s/([\[{])\s+([^][{}]*?)\s+([]}])/$a=$1;$b=$2;$c=$3;$b=~s|\s+| |g;"$a$b$c"/ge'
+  perl -0777 -pe 's/-?\d+\.\d+(e[-+]?\d+)?/sprintf("%.5g", abs $& < 1e-9 ? 0 : $&)/ge;
+    s/([\[{])\s+([^][{}]*?)\s+([]}])/$a=$1;$b=$2;$c=$3;$b=~s|\s+| |g;"$a$b$c"/ge'
 }
 # The data that stand in a page.
 data() { perl -0777 -ne 'print $1 if m|id="data">(.*?)</script>|s' "$1"; }
@@ -47,19 +49,29 @@ browse() {
 }
 if grep -q '^\$ browse' "$transcript"; then browser=$(command -v chromium || command -v google-chrome) || exit 77; fi
 
+run() {
+  [ -n "$command" ] || return 0
+  (eval "$command") >"$work/output" 2>"$work/errors" </dev/null 3<&-
+  status=$?
+  cat "$work/output"
+  sed 's/^/! /; s/, [0-9]* KB$/, # KB/' "$work/errors"
+  [ $status = 0 ] || echo "= $status"
+  echo
+  command=
+}
+command=
 while IFS= read -r line <&3; do
   case $line in
-    '# '*) printf '%s\n' "$line" ;;
-    '$ '*)
-      printf '%s\n' "$line"
-      (eval "${line:2}") >"$work/output" 2>"$work/errors" </dev/null 3<&-
-      status=$?
-      cat "$work/output"
-      sed 's/^/! /; s/, [0-9]* KB$/, # KB/' "$work/errors"
-      [ $status = 0 ] || echo "= $status"
-      echo
-      ;;
+    '# '* | '$ '*) run ;;
+    '> '*) ;;
+    *) continue ;;
+  esac
+  printf '%s\n' "$line"
+  case $line in
+    '$ '*) command=${line:2} ;;
+    '> '*) command+=$'\n'${line:2} ;;
   esac
 done 3<"$transcript" >"$work/now"
+run >>"$work/now"
 [ -z "${QUORVANE_APPROVE-}" ] || cp "$work/now" "$transcript"
 diff -u "$transcript" "$work/now"
