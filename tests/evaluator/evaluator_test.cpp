@@ -38,9 +38,11 @@ class EvaluatorOnBoard : public BoardTest {
 };
 
 TEST_F(EvaluatorOnBoard, AgreesWithTheBoardInOddPositions) {
-  for (const char* fen : {"8/8/8/8/8/8/8/Kk6 w", "P3k2P/8/8/8/8/8/p6p/P3K2P w", "4k3/8/8/8/8/8/8/P3K2P b",
-                          "qqqqkqqq/qqqqqqqq/8/8/8/8/QQQQQQQQ/QQQQKQQQ b", "k7/8/8/8/8/8/8/7K w",
-                          "7k/8/8/8/8/8/8/K6R b", "rnbqkbnr/8/PPPPPPPP/8/8/pppppppp/8/RNBQKBNR w"}) {
+  for (const char* fen :
+       {"8/8/8/8/8/8/8/Kk6 w", "P3k2P/8/8/8/8/8/p6p/P3K2P w", "4k3/8/8/8/8/8/8/P3K2P b",
+        "qqqqkqqq/qqqqqqqq/8/8/8/8/QQQQQQQQ/QQQQKQQQ b", "k7/8/8/8/8/8/8/7K w", "7k/8/8/8/8/8/8/K6R b",
+        "rnbqkbnr/8/PPPPPPPP/8/8/pppppppp/8/RNBQKBNR w", "4k3/8/8/8/8/8/8/2B1KB2 w",
+        "4k3/8/8/8/8/8/8/2B1K1N1 b", "4k3/8/8/8/8/8/8/3QK3 b"}) {
     PgnGame game;
     ASSERT_TRUE(game.parseFen("FEN \"" + std::string(fen) + "\"")) << fen;
     double ofFen = 1.0;
@@ -53,23 +55,6 @@ TEST_F(EvaluatorOnBoard, AgreesWithTheBoardInOddPositions) {
     double value = 0.0;
     EXPECT_EQ(quorvane_evaluate(laws.opened(), &given, &value), QUORVANE_OK);
     EXPECT_EQ(value, ofFen) << fen;
-  }
-}
-
-TEST_F(EvaluatorOnBoard, AgreesWithTheBoardOnEveryType) {
-  // What stands beside the kings, by type.
-  const char* const pieces[positionTypeCount] = {
-      "R",  "p",     "q",      "BB",       "pP",         "bn",           "N",
-      "Rr", "qqqPP", "qqqPPP", "qqqqPPPP", "qqqqqPPPPP", "qqqqqqPPPPPP", "ppppppppRNBQBNRrnbqbnrPPPPPPPP"};
-  for (PositionType type = 0; type < positionTypeCount; ++type) {
-    std::string ranks = pieces[type];
-    ranks.resize(48, '1');
-    for (std::size_t slash = 0; slash < 54; slash += 9) ranks.insert(slash, 1, '/');
-    for (const char* const side : {"/4K3 w", "/4K3 b"}) {
-      setUp("4k3" + ranks + side);
-      EXPECT_STREQ(laws.broken(), nullptr) << type;
-      EXPECT_EQ(laws.classifyPosition(Network::classifyBoard, false), type);
-    }
   }
 }
 
@@ -165,7 +150,6 @@ TEST_F(EvaluatorOnBoard, TakesNullPointersAndNamesOutOfRange) {
   EXPECT_EQ(quorvane_network_knows(laws.opened(), 14), 0);
   EXPECT_EQ(quorvane_network_knows(laws.opened(), 13), 1);
 
-  EXPECT_STREQ(quorvane_feature_name(13, QUORVANE_BLACK_ROOK, 4), "attacked by a knight");
   EXPECT_STREQ(quorvane_feature_name(4, QUORVANE_WHITE_PAWN, 6), "outruns the enemy king");
   for (const auto& [piece, bit] : {std::pair{0, 9}, {6, 0}, {-1, 0}, {16, 0}, {0, 32}, {0, -1}})
     EXPECT_EQ(quorvane_feature_name(13, piece, bit), nullptr) << piece << ' ' << bit;

@@ -15,22 +15,7 @@ SOURCES = Path(os.environ["QUORVANE_SOURCES"])
 GAMES = SOURCES / "examples" / "games.pgn"
 KINGS = "4k3/8/8/8/8/8/8/4K3 w"
 # One for each type, 0 to 13.
-ONE_OF_EACH_TYPE = """
-8/8/3k4/8/8/8/8/R3K3 w
-8/8/3k4/8/4P3/8/8/4K3 b
-8/8/3k4/8/8/8/8/Q3K3 b
-8/8/3k4/8/8/8/8/2B1KB2 w
-8/2p5/3k4/8/4P3/8/8/4K3 b
-8/8/3k4/8/8/8/8/2B1K1N1 w
-8/2k5/2p5/2P5/2K5/3N4/8/8 w
-8/2k2p2/2p5/2P5/2K5/3N4/5PP1/6r1 b
-3r4/2k2p2/2p3p1/2P4p/2K5/3N2P1/3R1P1P/8 w
-3r4/2k2pb1/2p3p1/2P4p/2K2P2/P2NR1PP/3R4/6r1 b
-3rr1k1/5pb1/2p3p1/1pP4p/p4P2/P2NRBPP/3R4/6K1 w
-3rr1k1/q4pb1/2p3p1/1pP4p/p4P2/PQ1NRBPP/3R4/6K1 b
-r2qr1k1/5ppp/p1np1n2/1p6/4P3/1BP2N1P/PP3PP1/R2QR1K1 w
-r1bq1rk1/pp2bppp/2n1pn2/3p4/3P4/2NBPN2/PP3PPP/R1BQ1RK1 b
-""".split("\n")[1:-1]
+ONE_OF_EACH_TYPE = Path(__file__).with_name("one_of_each_type.fens").read_text().splitlines()
 
 
 @pytest.fixture(scope="session")

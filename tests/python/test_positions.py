@@ -10,10 +10,7 @@ import quorvane
 
 @pytest.fixture
 def chess():
-    pytest.importorskip("chess.pgn")
-    import chess
-
-    return chess
+    return pytest.importorskip("chess.pgn").chess
 
 
 def agree(explanation, expected):
