@@ -33,7 +33,8 @@ flags() { pkg-config "$@" quorvane-evaluator | xargs -n 1 printf '%s\0'; }
 mapfile -d '' -t shared < <(flags --cflags --libs)
 mapfile -d '' -t static < <(flags --cflags --static --libs)
 quietly cc -std=c99 -pedantic-errors "$program" "${shared[@]}" -o by-pkg-config
-quietly cc -DQUORVANE_STATIC "$program" -Wl,-Bstatic "${static[@]/-lstdc++/-Wl,-Bdynamic}" -lstdc++ -lm -o by-pkg-config-static
+quietly cc -DQUORVANE_STATIC "$program" -Wl,-Bstatic "${static[@]/-lstdc++/-Wl,-Bdynamic}" -lstdc++ -lm \
+  -o by-pkg-config-static
 quietly c++ -std=c++11 -Wall -Wextra -Werror -x c++ "$program" -x none "${shared[@]}" -o as-cpp
 
 "$prefix/bin/quorvane-learn" < <(printf '%s\nno\n' "$sources/examples/games.pgn") >log

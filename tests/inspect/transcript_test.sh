@@ -1,8 +1,8 @@
 #!/usr/bin/env bash
-# transcript_test.sh TRANSCRIPT LEARN INSPECT: runs the commands of a transcript, its lines that begin with "$ " and go on
-# behind "> ", one after the other in an empty folder. They have to print what stands below them: standard output, then
-# standard error behind "! ", then the status behind "= " if it is not 0. With QUORVANE_APPROVE set, the transcript is
-# written anew.
+# transcript_test.sh TRANSCRIPT LEARN INSPECT: runs the commands of a transcript, its lines that begin with "$ " and go
+# on behind "> ", one after the other in an empty folder. They have to print what stands below them: standard output,
+# then standard error behind "! ", then the status behind "= " if it is not 0. With QUORVANE_APPROVE set, the
+# transcript is written anew.
 set -uo pipefail
 
 transcript=$(realpath "$1")
@@ -17,7 +17,9 @@ export PATH=$work/bin:$PATH LC_ALL=C.UTF-8 TZ=UTC
 cd "$work/folder" || exit 1
 
 # What the transcripts use besides the programs.
-examples() { awk -v from="$1" -v to="$2" '/^\[Event /{ ++game } game >= from && game <= to' "$tests/../examples/games.pgn"; }
+examples() {
+  awk -v from="$1" -v to="$2" '/^\[Event /{ ++game } game >= from && game <= to' "$tests/../examples/games.pgn"
+}
 learn() { printf '%s\nno\n' "$1" | quorvane-learn; }
 # A network file of the elements that it is given, weights with a period.
 network() { perl -e 'print pack("V*", map { /\./ ? unpack("V", pack("f<", $_)) : $_ } @ARGV)' "$@"; }
@@ -35,7 +37,7 @@ short() {
 }
 # The data that stand in a page.
 data() { perl -0777 -ne 'print $1 if m|id="data">(.*?)</script>|s' "$1"; }
-# What the script $2, which knows clicks.mjs, tells of the page $1 in a window of this size. Skipped without a browser.
+# What the script $2, which knows clicks.mjs, tells of the page $1 in a window of the size $3, with options behind it.
 browse() {
   {
     echo '<script>onerror = (fault) => { document.title = fault; };</script>'
