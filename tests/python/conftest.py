@@ -2,78 +2,62 @@ from __future__ import annotations
 
 import json
 import os
+import random
+import struct
 import subprocess
-from collections.abc import Callable, Iterator
-from itertools import count
 from pathlib import Path
-from subprocess import DEVNULL, PIPE
-from typing import Any
 
 import pytest
-from boards import PlainBoard
-from networks import learn, write_random
 
 import quorvane
 
 SOURCES = Path(os.environ["QUORVANE_SOURCES"])
-
-
-class Inspector:
-    """What quorvane-inspect says of positions under one network."""
-
-    def __init__(self, network: Path) -> None:
-        self._network = network
-
-    def _run(self, *arguments: str, given: str = "") -> str:
-        program = os.environ.get("QUORVANE_INSPECT")
-        if not program:
-            pytest.skip("quorvane-inspect is not built")
-        command = [program, "explain", *arguments, str(self._network), "--json"]
-        return subprocess.run(command, input=given, text=True, check=False, stdout=PIPE, stderr=DEVNULL).stdout
-
-    def fens(self, fens: list[str]) -> list[dict[str, Any]]:
-        lines = self._run("--fens", "-", given="".join(fen + "\n" for fen in fens)).splitlines()
-        return [json.loads(line) for line in lines]
-
-    def game(self, file: Path, number: int) -> Iterator[dict[str, Any]]:
-        """All positions of a game, the one it starts from first."""
-        for ply in count():
-            text = self._run("--pgn", str(file), "--game", str(number), "--ply", str(ply))
-            if not text:
-                return
-            yield json.loads(text)
+GAMES = SOURCES / "examples" / "games.pgn"
+KINGS = "4k3/8/8/8/8/8/8/4K3 w"
+# One for each type, 0 to 13.
+ONE_OF_EACH_TYPE = Path(__file__).with_name("one_of_each_type.fens").read_text().splitlines()
 
 
 @pytest.fixture(scope="session")
-def games() -> Path:
-    return SOURCES / "examples" / "games.pgn"
+def learned_network(tmp_path_factory):
+    folder = tmp_path_factory.mktemp("learned")
+    program = os.environ["QUORVANE_PROGRAM"]
+    subprocess.run([program], input=f"{GAMES}\nno\n", text=True, cwd=folder, check=True, stdout=subprocess.DEVNULL)
+    return folder / "network.dat"
 
 
 @pytest.fixture(scope="session")
-def learned_network(tmp_path_factory: pytest.TempPathFactory, games: Path) -> Path:
-    return learn(os.environ["QUORVANE_PROGRAM"], games, tmp_path_factory.mktemp("learned"))
-
-
-@pytest.fixture(scope="session")
-def random_network(tmp_path_factory: pytest.TempPathFactory) -> Path:
-    return write_random(tmp_path_factory.mktemp("random") / "network.dat", 1)
-
-
-@pytest.fixture(scope="session")
-def inspector(random_network: Path) -> Inspector:
-    return Inspector(random_network)
+def random_network(tmp_path_factory):
+    """For every type and kind patterns of one bit, and some of two, so that each feature has a weight."""
+    weights = random.Random(1)
+    records = [struct.pack("<I", 1)]
+    for kind in range(6):
+        records.append(struct.pack("<III", 0, 0, kind))
+        for position_type in range(14):
+            records.append(struct.pack("<III", 0, 1, position_type))
+            for bit in range(31):
+                root, child = 1 << bit, 1 << weights.randrange(bit + 1, 32)
+                records.append(struct.pack("<IIfi", root, child, weights.uniform(-5, 5), 2))
+                records.append(struct.pack("<IIfi", root | child, 0, weights.uniform(-5, 5), 1))
+    path = tmp_path_factory.mktemp("random") / "network.dat"
+    path.write_bytes(b"".join([*records, struct.pack("<II", 0, 2)]))
+    return path
 
 
 @pytest.fixture
-def network(random_network: Path) -> Iterator[quorvane.Network]:
+def network(random_network):
     with quorvane.open_network(random_network) as opened:
         yield opened
 
 
-@pytest.fixture(params=["plain", "python-chess"])
-def new_board(request: pytest.FixtureRequest) -> Callable[..., Any]:
-    """Makes a board of a FEN, that of the usual start if there is none."""
-    if request.param == "plain":
-        return PlainBoard
-    board: Callable[..., Any] = pytest.importorskip("chess").Board
-    return board
+@pytest.fixture
+def inspect(random_network):
+    """Lets quorvane-inspect explain under the network; gives what stands in its lines of JSON, one or many."""
+    program = os.environ.get("QUORVANE_INSPECT") or pytest.skip("quorvane-inspect is not built")
+
+    def explain(*arguments, given=""):
+        command = [program, "explain", *map(str, arguments), str(random_network), "--json"]
+        done = subprocess.run(command, input=given, text=True, check=False, capture_output=True).stdout
+        return [json.loads(line) for line in done.splitlines()] if given else json.loads(done)
+
+    return explain
