@@ -56,11 +56,7 @@ void findPatterns(Learner& learner, PgnDatabase& database) {
   learner.searchAllPatterns();
 }
 
-// Both empty if there is none.
-std::string reasonNotToFit(const Learner& learner) {
-  if (learner.sampleCount() == 0) return "nothing was learned, no game counted";
-  return Learner::patternCount() == 0 ? "nothing was learned, there are too few positions" : "";
-}
+// Empty if there is none.
 std::string reasonNotSaved(Saved saved, const std::string& network) {
   if (saved == Saved::yes) return {};
   const char* const reason = saved == Saved::no ? ": there is no room for it" : ": it may not be written";
@@ -103,8 +99,8 @@ int learnFrom(const CommandLine& line) {
   std::string fault;
   timed([&] {
     findPatterns(learner, database);
-    fault = reasonNotToFit(learner);
-    if (fault.empty()) fault = reasonNotSaved(learner.fitAllWeights(), line.network);
+    fault = Learner::foundPatterns() ? reasonNotSaved(learner.fitAllWeights(), line.network)
+                                     : "nothing was learned, no game counted";
   });
   return fault.empty() ? learned : refuse(nothingLearned, fault);
 }

@@ -10,18 +10,13 @@ Learner::~Learner() {
   releaseBoard();
 }
 
-std::size_t Learner::sampleCount() const {
-  std::size_t count = 0;
-  for (PositionType type = firstLearnedType; type <= lastPositionType; ++type) count += sampleSets[type].size();
-  return count;
-}
-
-std::size_t Learner::patternCount() {
-  std::size_t count = 0;
+bool Learner::foundPatterns() {
   for (PositionType type = firstLearnedType; type <= lastPositionType; ++type) {
-    for (const NodeList& list : networkTable[type]) count += list.size();
+    for (const NodeList& list : networkTable[type]) {
+      if (!list.empty()) return true;
+    }
   }
-  return count;
+  return false;
 }
 
 void Learner::use(PositionType type) {

@@ -30,15 +30,14 @@ class Learner : public Board {
   void collectSamples(PgnDatabase& database);
   // Replaces the patterns of all learned types by those that are frequent in their sets.
   void searchAllPatterns();
+  // Has any learned type a pattern? If not, the network would be empty of them.
+  static bool foundPatterns();
   // Fits the weights of all learned types, and saves the network after each; gives what became of the last save.
   // The samples are gone then.
   Saved fitAllWeights();
   // The same, with somebody else to tell how it goes.
   Saved fitAllWeights(FitProgress& progress);
 
-  // Of all learned types together: behind the collection, and behind the search.
-  std::size_t sampleCount() const;
-  static std::size_t patternCount();
 
  protected:
   // Takes the type for the one in use: its set as `currentSet`, its row in the network, with clear caches.

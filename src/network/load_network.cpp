@@ -8,14 +8,14 @@
 namespace quorvane {
 
 void Network::loadNetwork() {
-  std::ifstream file(pathOf(fileName), std::ios::binary);
+  std::ifstream file(pathOf(fileInUse), std::ios::binary);
   if (!file) {
-    std::cout << "Error: " << fileName << " file not found!\n";
+    std::cout << "Error: " << fileInUse << " file not found!\n";
     return;
   }
   const NetworkFlaw flaw = decodeNetwork(file, networkTable);
   if (flaw.kind == NetworkFlaw::noVersion || flaw.kind == NetworkFlaw::wrongVersion) {
-    std::cout << "Error: wrong version of the " << fileName << " file!\n";
+    std::cout << "Error: wrong version of the " << fileInUse << " file!\n";
   }
 }
 

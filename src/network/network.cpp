@@ -7,7 +7,7 @@ namespace quorvane {
 NetworkTable networkTable;
 
 bool Network::networkLoaded = false;
-std::string Network::fileName = networkFileName;
+std::string Network::fileInUse = networkFileName;
 
 Network::Network(TableAsItStands) : currentLists(&networkTable[lastPositionType]) {}
 

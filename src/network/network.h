@@ -53,7 +53,7 @@ class Network : public ConfigurationPass {
   static void loadNetwork();
   static Saved saveNetwork();
   // The file that they read and write, in UTF-8 on Windows: network.dat, unless told before the first Network.
-  static void useFile(const std::string& name) { fileName = name; }
+  static void useFile(const std::string& name) { fileInUse = name; }
 
   // The steps of the fit of the row in use, whose system they work on; learning/fit/conjugate_gradients.cpp defines
   // them. They give the residuals at the weights that they found, and change the weights; with reportOnly nothing
@@ -73,7 +73,7 @@ class Network : public ConfigurationPass {
   double previousNorm = 1.0;
 
   static bool networkLoaded;
-  static std::string fileName;
+  static std::string fileInUse;
 };
 
 }  // namespace quorvane

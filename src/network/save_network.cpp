@@ -9,8 +9,8 @@ namespace quorvane {
 
 // Where there is no room the old file stays, and the next save tries again.
 Saved Network::saveNetwork() {
-  const Saved saved = replaceFile(pathOf(fileName), encodeNetwork(networkTable));
-  if (saved == Saved::notWritable) std::cout << "Error: " << fileName << " file not found.\n";
+  const Saved saved = replaceFile(pathOf(fileInUse), encodeNetwork(networkTable));
+  if (saved == Saved::notWritable) std::cout << "Error: " << fileInUse << " file not found.\n";
   return saved;
 }
 
