@@ -2,9 +2,11 @@
 
 #include <chrono>
 #include <cstdint>
+#include <fstream>
 #include <iostream>
 #include <string>
 
+#include "files/file_name.h"
 #include "learning/learner.h"
 #include "pgn/pgn_database.h"
 
@@ -34,10 +36,37 @@ std::int64_t milliseconds() {
       .count();
 }
 
+void greet() {
+  std::cout << "\n" << std::flush << banner;
+}
+
+// Runs `phases`, and tells how long they took.
+template <typename Phases>
+void timed(Phases&& phases) {
+  const std::int64_t start = milliseconds();
+  phases();
+  const std::int64_t elapsed = milliseconds() - start;
+  std::cout << "Time: " << static_cast<double>(elapsed) * 0.001 << " seconds\n\n";
+}
+
+// Up to the patterns, which are all that the fit needs.
+void findPatterns(Learner& learner, PgnDatabase& database) {
+  learner.collectSamples(database);
+  database.clear();  // the samples are all that the later phases need
+  learner.searchAllPatterns();
+}
+
+// Empty if there is none.
+std::string reasonNotSaved(Saved saved, const std::string& network) {
+  if (saved == Saved::yes) return {};
+  const char* const reason = saved == Saved::no ? ": there is no room for it" : ": it may not be written";
+  return inQuotes(network) + " was not written" + reason;
+}
+
 }  // namespace
 
 int runConsole() {
-  std::cout << "\n" << std::flush << banner;
+  greet();
   Learner learner;
   PgnDatabase database;
   std::string answer;
@@ -48,15 +77,32 @@ int runConsole() {
     ask("Load another file? ('somefile.pgn' or 'no'): ", "no", answer);
   } while (answer != "no");
   std::cout << "\n";
-
-  const std::int64_t start = milliseconds();
-  learner.collectSamples(database);
-  database.clear();  // the samples are all that the later phases need
-  learner.searchAllPatterns();
-  learner.fitAllWeights();
-  const std::int64_t elapsed = milliseconds() - start;
-  std::cout << "Time: " << static_cast<double>(elapsed) * 0.001 << " seconds\n\n";
+  timed([&] {
+    findPatterns(learner, database);
+    learner.fitAllWeights();
+  });
   return 0;
+}
+
+int learnFrom(const CommandLine& line) {
+  greet();
+  Network::useFile(line.network);
+  Learner learner;
+  PgnDatabase database;
+  for (const std::string& name : line.files) {
+    std::ifstream file(pathOf(name), std::ios::binary);
+    if (!file) return refuse(wrongUsage, inQuotes(name) + " may not be read");
+    database.load(file);
+  }
+  std::cout << "\n";
+
+  std::string fault;
+  timed([&] {
+    findPatterns(learner, database);
+    fault = Learner::foundPatterns() ? reasonNotSaved(learner.fitAllWeights(), line.network)
+                                     : "nothing was learned, no game counted";
+  });
+  return fault.empty() ? learned : refuse(nothingLearned, fault);
 }
 
 }  // namespace quorvane

@@ -1,9 +1,10 @@
 #include <csignal>
+#include <span>
 
 #include "console/console.h"
 #include "terminal/terminal.h"
 
-int main() {
+int main(int argc, char** argv) {
 #ifdef SIGPIPE
   // Whoever reads the output may go away; what is being learned is still wanted.
   std::signal(SIGPIPE, SIG_IGN);
@@ -13,5 +14,9 @@ int main() {
   std::signal(SIGXFSZ, SIG_IGN);
 #endif
   const quorvane::Terminal terminal;
-  return quorvane::runConsole();
+  if (argc <= 1) return quorvane::runConsole();
+  int status = 0;
+  const auto line =
+      quorvane::parseCommandLine(std::span(argv, static_cast<std::size_t>(argc)).subspan(1), status);
+  return line ? quorvane::learnFrom(*line) : status;
 }

@@ -10,7 +10,7 @@ namespace quorvane {
 
 // A file open for writing, unbuffered; closed when it goes. With the functions below, all that replaceFile
 // asks of the platform: raw_file_posix.cpp and raw_file_windows.cpp. Nothing throws; what returns bool tells
-// whether all of it was done.
+// whether all of it was done. What asks or changes the file REQUIRES that it is open.
 class RawFile {
  public:
   RawFile() = default;  // not open
@@ -36,7 +36,7 @@ class RawFile {
   bool write(std::string_view bytes);  // at the current place, which moves behind them
   bool resize(std::uint64_t size);     // the current place may change
   bool sync();                         // to the disk
-  void close();
+  bool close();                        // of one that is not open: true
 
  private:
   static constexpr std::intptr_t closed = -1;

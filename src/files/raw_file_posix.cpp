@@ -4,6 +4,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <cassert>
 #include <cerrno>
 #include <cstdio>
 
@@ -19,6 +20,7 @@ constexpr mode_t permissions = S_IRWXU | S_IRWXG | S_IRWXO;
 constexpr mode_t usualPermissions = S_IRUSR | S_IWUSR | S_IRGRP | S_IWGRP | S_IROTH | S_IWOTH;
 
 int descriptor(std::intptr_t handle) {
+  assert(handle >= 0);
   return static_cast<int>(handle);
 }
 
@@ -91,8 +93,9 @@ bool RawFile::sync() {
   return true;
 }
 
-void RawFile::close() {
-  if (isOpen()) ::close(descriptor(std::exchange(handle, closed)));
+bool RawFile::close() {
+  // Interrupted, it is closed all the same.
+  return !isOpen() || ::close(descriptor(std::exchange(handle, closed))) == 0 || errno == EINTR;
 }
 
 bool moveOver(const fs::path& from, const fs::path& to) {

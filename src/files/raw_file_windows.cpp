@@ -5,6 +5,7 @@
 #include <windows.h>
 
 #include <algorithm>
+#include <cassert>
 
 #include "files/raw_file.h"
 
@@ -15,6 +16,7 @@ namespace fs = std::filesystem;
 namespace {
 
 HANDLE handleOf(std::intptr_t handle) {
+  assert(handle != reinterpret_cast<std::intptr_t>(INVALID_HANDLE_VALUE));
   return reinterpret_cast<HANDLE>(handle);
 }
 
@@ -93,8 +95,8 @@ bool RawFile::sync() {
   return FlushFileBuffers(handleOf(handle)) != 0;
 }
 
-void RawFile::close() {
-  if (isOpen()) CloseHandle(handleOf(std::exchange(handle, closed)));
+bool RawFile::close() {
+  return !isOpen() || CloseHandle(handleOf(std::exchange(handle, closed))) != 0;
 }
 
 bool moveOver(const fs::path& from, const fs::path& to) {

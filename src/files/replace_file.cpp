@@ -50,9 +50,9 @@ Outcome replaceWhole(const fs::path& target, std::string_view bytes, RawFile old
   }
   if (!fresh.isOpen()) return Outcome::refused;
   old.close();
-  const bool written = fresh.write(bytes) && fresh.sync();
-  fresh.close();
+  const bool written = fresh.write(bytes) && fresh.sync() && fresh.close();
   if (written && moveOver(name, target)) return Outcome::saved;
+  fresh.close();  // open files of Windows cannot be removed
   std::error_code error;
   fs::remove(name, error);
   return written ? Outcome::refused : Outcome::noRoom;
@@ -78,7 +78,7 @@ Saved replaceFile(const fs::path& name, std::string_view bytes) {
   bool missing = false;
   RawFile old = RawFile::existing(name, missing);
   if (!old.isOpen() && !missing) return Saved::notWritable;
-  if (old.isOpen() && !old.isRegular()) return savedIf(old.write(bytes));
+  if (old.isOpen() && !old.isRegular()) return savedIf(old.write(bytes) && old.close());
 
   const bool isNew = missing;
   const fs::path target = behindLinks(name);
@@ -88,7 +88,7 @@ Saved replaceFile(const fs::path& name, std::string_view bytes) {
   }
   RawFile inPlace = isNew ? RawFile::made(target, {}) : RawFile::existing(name, missing);
   if (!inPlace.isOpen()) return Saved::notWritable;
-  const bool written = writeOver(inPlace, bytes);
+  const bool written = writeOver(inPlace, bytes) && inPlace.close();
   inPlace.close();
   std::error_code error;
   if (isNew && !written) fs::remove(target, error);

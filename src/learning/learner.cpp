@@ -10,6 +10,15 @@ Learner::~Learner() {
   releaseBoard();
 }
 
+bool Learner::foundPatterns() {
+  for (PositionType type = firstLearnedType; type <= lastPositionType; ++type) {
+    for (const NodeList& list : networkTable[type]) {
+      if (!list.empty()) return true;
+    }
+  }
+  return false;
+}
+
 void Learner::use(PositionType type) {
   currentSet = &sampleSets[type];
   network.classifyPosition(type, true);

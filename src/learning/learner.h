@@ -30,11 +30,14 @@ class Learner : public Board {
   void collectSamples(PgnDatabase& database);
   // Replaces the patterns of all learned types by those that are frequent in their sets.
   void searchAllPatterns();
-  // Fits the weights of all learned types, and saves the network after each.
+  // Has any learned type a pattern? If not, the network would be empty of them.
+  static bool foundPatterns();
+  // Fits the weights of all learned types, and saves the network after each; gives what became of the last save.
   // The samples are gone then.
-  void fitAllWeights();
+  Saved fitAllWeights();
   // The same, with somebody else to tell how it goes.
-  void fitAllWeights(FitProgress& progress);
+  Saved fitAllWeights(FitProgress& progress);
+
 
  protected:
   // Takes the type for the one in use: its set as `currentSet`, its row in the network, with clear caches.
@@ -57,7 +60,7 @@ class Learner : public Board {
                           std::int32_t bit, std::int32_t depth);
 
   // Of the type in use, whose system it works on.
-  void fitWeights(FitSystem& system, FitProgress& progress);
+  Saved fitWeights(FitSystem& system, FitProgress& progress);
 
   Table<SampleSet, positionTypeCount> sampleSets;
   SampleSet* currentSet = nullptr;

@@ -1,20 +1,21 @@
 #include <fstream>
 #include <iostream>
 
+#include "files/file_name.h"
 #include "network/network.h"
 #include "network/network_file.h"
 
 namespace quorvane {
 
 void Network::loadNetwork() {
-  std::ifstream file(networkFileName, std::ios::binary);
+  std::ifstream file(pathOf(fileInUse), std::ios::binary);
   if (!file) {
-    std::cout << "Error: network.dat file not found!\n";
+    std::cout << "Error: " << fileInUse << " file not found!\n";
     return;
   }
   const NetworkFlaw flaw = decodeNetwork(file, networkTable);
   if (flaw.kind == NetworkFlaw::noVersion || flaw.kind == NetworkFlaw::wrongVersion) {
-    std::cout << "Error: wrong version of the network.dat file!\n";
+    std::cout << "Error: wrong version of the " << fileInUse << " file!\n";
   }
 }
 

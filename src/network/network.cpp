@@ -1,10 +1,13 @@
 #include "network/network.h"
 
+#include "network/network_file.h"
+
 namespace quorvane {
 
 NetworkTable networkTable;
 
 bool Network::networkLoaded = false;
+std::string Network::fileInUse = networkFileName;
 
 Network::Network(TableAsItStands) : currentLists(&networkTable[lastPositionType]) {}
 

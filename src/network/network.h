@@ -2,9 +2,11 @@
 #define QUORVANE_NETWORK_NETWORK_H_
 
 #include <cstdint>
+#include <string>
 
 #include "board/table.h"
 #include "configurations/configuration_pass.h"
+#include "files/replace_file.h"
 #include "network/eval_cache.h"
 #include "network/network_table.h"
 #include "network/sample.h"
@@ -47,9 +49,11 @@ class Network : public ConfigurationPass {
   PatternNode& nodeAt(PieceKind kind, std::int32_t index);
 
   // Reads and writes the whole network table, in load_network.cpp and save_network.cpp; network_file.h has the
-  // format, replace_file.h what a save does to files. Report on standard output.
+  // format, replace_file.h what a save does to files and gives. Report on standard output.
   static void loadNetwork();
-  static void saveNetwork();
+  static Saved saveNetwork();
+  // The file that they read and write, in UTF-8 on Windows: network.dat, unless told before the first Network.
+  static void useFile(const std::string& name) { fileInUse = name; }
 
   // The steps of the fit of the row in use, whose system they work on; learning/fit/conjugate_gradients.cpp defines
   // them. They give the residuals at the weights that they found, and change the weights; with reportOnly nothing
@@ -69,6 +73,7 @@ class Network : public ConfigurationPass {
   double previousNorm = 1.0;
 
   static bool networkLoaded;
+  static std::string fileInUse;
 };
 
 }  // namespace quorvane

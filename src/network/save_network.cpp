@@ -1,5 +1,6 @@
 #include <iostream>
 
+#include "files/file_name.h"
 #include "files/replace_file.h"
 #include "network/network.h"
 #include "network/network_file.h"
@@ -7,10 +8,10 @@
 namespace quorvane {
 
 // Where there is no room the old file stays, and the next save tries again.
-void Network::saveNetwork() {
-  if (replaceFile(networkFileName, encodeNetwork(networkTable)) == Saved::notWritable) {
-    std::cout << "Error: network.dat file not found.\n";
-  }
+Saved Network::saveNetwork() {
+  const Saved saved = replaceFile(pathOf(fileInUse), encodeNetwork(networkTable));
+  if (saved == Saved::notWritable) std::cout << "Error: " << fileInUse << " file not found.\n";
+  return saved;
 }
 
 }  // namespace quorvane

@@ -37,7 +37,7 @@ quietly cc -DQUORVANE_STATIC "$program" -Wl,-Bstatic "${static[@]/-lstdc++/-Wl,-
   -o by-pkg-config-static
 quietly c++ -std=c++11 -Wall -Wextra -Werror -x c++ "$program" -x none "${shared[@]}" -o as-cpp
 
-"$prefix/bin/quorvane-learn" < <(printf '%s\nno\n' "$sources/examples/games.pgn") >log
+"$prefix/bin/quorvane-learn" "$sources/examples/games.pgn" >log
 fen='8/2k5/2p5/2P5/2K5/3N4/8/8 w - - 0 1'
 expected=$(./as-cpp network.dat "$fen" 2>log) || fail "evaluating"
 if [ -x "$prefix/bin/quorvane-inspect" ]; then

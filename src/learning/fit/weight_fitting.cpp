@@ -11,23 +11,25 @@ constexpr double tolerance = 0.1;
 
 }  // namespace
 
-void Learner::fitAllWeights() {
+Saved Learner::fitAllWeights() {
   FitProgress progress;
-  fitAllWeights(progress);
+  return fitAllWeights(progress);
 }
 
-void Learner::fitAllWeights(FitProgress& progress) {
+Saved Learner::fitAllWeights(FitProgress& progress) {
+  Saved saved = Saved::no;
   for (PositionType type = firstLearnedType; type <= lastPositionType; ++type) {
     progress.begins(type);
     use(type);
     FitSystem system(*currentSet, network.row());
     currentSet->release();  // the system holds what it needs of the samples
-    fitWeights(system, progress);
+    saved = fitWeights(system, progress);
     progress.ends(network.conjugateStep(system, true));
   }
+  return saved;
 }
 
-void Learner::fitWeights(FitSystem& system, FitProgress& progress) {
+Saved Learner::fitWeights(FitSystem& system, FitProgress& progress) {
   network.clearWeights();
   progress.building();
   Residuals residuals = network.buildPreconditioner(system);
@@ -40,8 +42,9 @@ void Learner::fitWeights(FitSystem& system, FitProgress& progress) {
     lowered = previous - residuals.objective();
   } while (lowered > tolerance);
   progress.fitted();
-  Network::saveNetwork();
+  const Saved saved = Network::saveNetwork();
   progress.saved(Network::hitPercentage(system));
+  return saved;
 }
 
 }  // namespace quorvane
