@@ -1,11 +1,11 @@
 #include "tools/tried_moves.h"
 
 #include <algorithm>
-#include <string_view>
 
 #include "board/legal_moves.h"
 #include "board/piece.h"
 #include "board/piece_classes.h"
+#include "board/piece_letter.h"
 #include "board/ring.h"
 #include "board/square_name.h"
 
@@ -141,8 +141,7 @@ std::string TriedMoves::san(const TriedMove& chosen) const {
   const bool captures = board[move.to]->kind != emptyKind || move.kind == enPassantCapture;
   std::string text;
   if (kind != pawnKind) {
-    constexpr std::string_view letters = " NBRQK";
-    text = letters[static_cast<std::size_t>(kind)] + origin(chosen);
+    text = pieceLetter(white, kind) + origin(chosen);
   } else if (captures) {
     text = squareName(move.from)[0];
   }

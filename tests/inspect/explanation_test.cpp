@@ -3,12 +3,12 @@
 #include <algorithm>
 #include <cmath>
 
+#include "board/board_fen.h"
 #include "configurations/bit_names.h"
 #include "configurations/configuration_word.h"
 #include "configurations/side_configurations.h"
-#include "inspect/position/fen_text.h"
-#include "inspect/inspect_fixture.h"
 #include "inspect/common/network_reader.h"
+#include "inspect/inspect_fixture.h"
 #include "network/network.h"
 
 namespace quorvane::inspect {
@@ -80,7 +80,7 @@ TEST_F(Explain, WritesTheFenOfThePositionOnTheBoard) {
   for (const char* fen : {"rnbqkbnr/pppppppp/8/8/8/8/PPPPPPPP/RNBQKBNR w KQkq - 0 1",
                           "r3k2r/8/8/3p4/8/8/8/1R2K2R b Kkq - 0 1", "8/8/4k3/4p3/4P3/3BK3/8/8 b - - 0 1"}) {
     EXPECT_EQ(setFen(fen, Rules::chess).fen, fen);
-    EXPECT_EQ(PositionText::fen(), fen);
+    EXPECT_EQ(BoardFen::text(), fen);
   }
   std::ofstream("game.pgn") << "[White \"A\"] 1. e4 Nf6 2. Ke2 a5 3. h4 1-0";
   const Origin origin = setGame("game.pgn", 1, 4);
