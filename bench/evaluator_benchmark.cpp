@@ -8,6 +8,7 @@
 
 #include "bench/bench_input.h"
 #include "bench/bench_sizes.h"
+#include "board/board_fen.h"
 #include "board/piece.h"
 #include "network/network_file.h"
 #include "quorvane/evaluator.h"
@@ -20,19 +21,13 @@ using namespace quorvane;
 struct GamePosition : public Board {
   GamePosition() {
     given.side_to_move = currentMove.sideToMove;
-    for (Square square = squareCount - 1; square >= 0; --square) {
-      const Piece& piece = *board[square ^ 7];
-      if (fileOf(square) == 7 && !fen.empty()) fen += '/';
-      if (piece.kind == emptyKind) {
-        fen += '1';
-        continue;
-      }
-      fen += (piece.side == white ? "PNBRQK" : "pnbrqk")[piece.kind];
+    for (const Piece* const piece : board) {
+      if (piece->kind == emptyKind) continue;
       auto& placed = given.pieces[given.count++];
-      placed.piece = static_cast<std::uint8_t>(piece.kind + (piece.side == white ? 0 : QUORVANE_BLACK_PAWN));
-      placed.square = static_cast<std::uint8_t>(piece.square);
+      placed.piece =
+          static_cast<std::uint8_t>(piece->kind + (piece->side == white ? 0 : QUORVANE_BLACK_PAWN));
+      placed.square = static_cast<std::uint8_t>(piece->square);
     }
-    fen += given.side_to_move == white ? " w - - 0 1" : " b - - 0 1";
   }
   // Two rooks a side and a queen, and 24 pieces at least.
   bool isMiddlegame() const {
@@ -44,7 +39,7 @@ struct GamePosition : public Board {
   }
 
   quorvane_position given{};
-  std::string fen;
+  std::string fen = BoardFen::text();
 };
 
 // The positions in the order of play, which a cache meets like a search that goes on from one to the next.

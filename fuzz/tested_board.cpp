@@ -1,9 +1,8 @@
 #include "fuzz/tested_board.h"
 
 #include <algorithm>
-#include <array>
 
-#include "board/ring.h"
+#include "board/legal_moves.h"
 #include "fuzz/fuzz_target.h"
 #include "support/board_laws.h"
 
@@ -21,10 +20,8 @@ void TestedBoard::holds(const char* brokenLaw) {
 
 std::vector<MoveRecord> TestedBoard::moves() {
   holds(BoardLaws::brokenByMoves());
-  std::vector<MoveRecord> all;
-  for (Piece& piece : Ring(kings[currentMove.sideToMove])) {
-    for (const MoveRecord& move : BoardLaws::generated(piece)) all.push_back(move);
-  }
+  const auto generated = LegalMoves::all();
+  std::vector<MoveRecord> all(generated.begin(), generated.end());
   const Piece& enemyKing = *kings[opponent(currentMove.sideToMove)];
   std::erase_if(all, [&](const MoveRecord& move) { return move.to == enemyKing.square; });
   return all;
@@ -45,26 +42,25 @@ void TestedBoard::unmake() {
 
 void TestedBoard::play(const std::vector<MoveRecord>& moves, const MoveRecord& wanted, std::uint32_t named,
                        std::int32_t promotion) {
-  const auto ranksAndFiles = [](const MoveRecord& move) {
-    return std::array{rankOf(move.from), fileOf(move.from), rankOf(move.to), fileOf(move.to)};
-  };
   const PieceKind kind = board[wanted.from]->kind;
-  const auto wantedValues = ranksAndFiles(wanted);
-  std::array<std::int32_t, 4> values;
-  for (std::size_t i = 0; i < 4; ++i) values[i] = (named >> i & 1) != 0 ? wantedValues[i] : anyRankOrFile;
-  const MoveRecord& first = *std::find_if(moves.begin(), moves.end(), [&](const MoveRecord& move) {
-    const auto fits = [](std::int32_t value, std::int32_t own) {
-      return value == anyRankOrFile || value == own;
-    };
-    const auto own = ranksAndFiles(move);
-    return board[move.from]->kind == kind && std::equal(values.begin(), values.end(), own.begin(), fits);
+  const auto told = [&](std::uint32_t bit, std::int32_t value) {
+    return (named & bit) != 0 ? value : anyRankOrFile;
+  };
+  const DecodedMove asked{told(1, rankOf(wanted.from)),
+                          told(2, fileOf(wanted.from)),
+                          told(4, rankOf(wanted.to)),
+                          told(8, fileOf(wanted.to)),
+                          kind,
+                          promotion};
+  const MoveRecord& first = *std::ranges::find_if(moves, [&](const MoveRecord& move) {
+    return board[move.from]->kind == kind && LegalMoves::fits(asked, move);
   });
   const bool promotes = promotion >= knightKind && promotion <= queenKind;
   Piece& ownKing = *kings[currentMove.sideToMove];
   const bool refused = depth() + 2 >= depthLimit || kings[opponent(currentMove.sideToMove)]->isAttacked() ||
                        (promotes && kind == kingKind);
   states.push_back(BoardLaws::state());
-  if (playGameMove({values[0], values[1], values[2], values[3], kind, promotion})) {
+  if (playGameMove(asked)) {
     require(!refused && !ownKing.isAttacked(), "a made move is legal");
     require(currentMove.from == first.from && currentMove.to == first.to, "the first move that fits is made");
     require(!promotes || board[first.to]->kind == promotion, "a promotion code counts");
@@ -73,10 +69,7 @@ void TestedBoard::play(const std::vector<MoveRecord>& moves, const MoveRecord& w
   }
   require(BoardLaws::state() == states.back(), "a refused move changes nothing");
   states.pop_back();
-  if (refused) return;
-  make(first);
-  require(ownKing.isAttacked(), "a move that fits is refused for its own king alone");
-  unmake();
+  require(refused || !LegalMoves::isLegal(first), "a move that fits is refused for its own king alone");
 }
 
 void TestedBoard::describe() {

@@ -1,12 +1,14 @@
 #include "tools/game_generator.h"
 
+#include <algorithm>
 #include <cstdlib>
 
+#include "board/board_fen.h"
 #include "board/hash_state.h"
 #include "board/piece.h"
 #include "board/piece_classes.h"
 #include "board/ring.h"
-#include "pgn/pgn_game.h"
+#include "board/strict_fen.h"
 
 namespace quorvane {
 
@@ -26,12 +28,6 @@ constexpr std::int32_t winningMargin = 3000;      // material that wins when a g
 
 std::string_view winFor(Side side) {
   return side == white ? "1-0" : "0-1";
-}
-
-void setUp(const std::string& fen) {
-  PgnGame start;
-  start.parseFen("FEN \"" + fen + "\"");
-  Board::setupPosition(start.placement, start.sideToMove);
 }
 
 std::string tag(const std::string& name, const std::string& value) {
@@ -76,20 +72,18 @@ GameGenerator::~GameGenerator() {
 }
 
 std::string GameGenerator::nextGame() {
-  setUp("rnbqkbnr/pppppppp/8/8/8/8/PPPPPPPP/RNBQKBNR w KQkq - 0 1");
+  setupPosition(StrictFen("rnbqkbnr/pppppppp/8/8/8/8/PPPPPPPP/RNBQKBNR w").placement(), white);
   return play("");
 }
 
 std::string GameGenerator::nextEnding() {
-  std::string fen;
   bool usable = false;
   while (!usable) {
-    fen = randomEnding();
-    setUp(fen);
+    setUpRandomEnding();
     usable = !kings[white]->isAttacked() && !kings[black]->isAttacked() && TriedMoves::hasLegalMove() &&
              std::abs(Balance().whiteLead) < winningMargin;
   }
-  return play(tag("SetUp", "1") + tag("FEN", fen));
+  return play(tag("SetUp", "1") + tag("FEN", BoardFen::text()));
 }
 
 std::string GameGenerator::play(std::string_view startTags) {
@@ -155,9 +149,9 @@ void GameGenerator::make(const MoveRecord& move) {
   makeMove();
 }
 
-// The FEN text of as many pieces on either side, but not always legal. There are pawns, so it is not bare.
-std::string GameGenerator::randomEnding() {
-  std::string rows = "11111111/11111111/11111111/11111111/11111111/11111111/11111111/11111111";
+// As many pieces on either side, but not always legal. There are pawns, so it is not bare.
+void GameGenerator::setUpRandomEnding() {
+  std::string squares(squareCount, '.');  // in the order of a FEN
   const auto place = [&](char letter, std::int32_t firstRow, std::int32_t rowCount) {
     constexpr std::int32_t kingFile = 4;
     char* square = nullptr;
@@ -165,10 +159,9 @@ std::string GameGenerator::randomEnding() {
     while (!allowed) {
       const std::int32_t row = firstRow + random.below(rowCount);
       const std::int32_t file = random.below(8);
-      const std::int32_t index = row * 9 + file;
-      square = &rows[static_cast<std::size_t>(index)];
+      square = &squares[static_cast<std::size_t>(squareAt(row, file))];
       // An unmoved king on the e-file could castle with an unmoved rook, which the text denies.
-      allowed = *square == '1' && (file != kingFile || (letter != 'K' && letter != 'k'));
+      allowed = *square == '.' && (file != kingFile || (letter != 'K' && letter != 'k'));
     }
     *square = letter;
   };
@@ -182,17 +175,10 @@ std::string GameGenerator::randomEnding() {
     place('P', 3, 4);
     place('p', 1, 4);
   }
-
-  std::string fen;
-  for (const char letter : rows) {
-    const bool widensGap = letter == '1' && !fen.empty() && fen.back() >= '1' && fen.back() < '8';
-    if (widensGap) {
-      ++fen.back();
-    } else {
-      fen += letter;
-    }
-  }
-  return fen + (random.below(2) == 0 ? " w - - 0 1" : " b - - 0 1");
+  const Side side = random.below(2) == 0 ? white : black;
+  for (std::size_t slash = 8; slash < squares.size(); slash += 9) squares.insert(slash, 1, '/');
+  std::ranges::replace(squares, '.', '1');
+  setupPosition(StrictFen(squares).placement(), side);
 }
 
 }  // namespace quorvane

@@ -37,7 +37,7 @@ class GameGenerator : public Board {
   std::string_view verdict() const;
   bool isThirdTime() const;
   void make(const MoveRecord& move);
-  std::string randomEnding();
+  void setUpRandomEnding();
 
   SeededRandom random;
   TriedMoves moves;

@@ -1,11 +1,11 @@
 #include "tools/tried_moves.h"
 
 #include <algorithm>
-#include <span>
-#include <string_view>
 
+#include "board/legal_moves.h"
 #include "board/piece.h"
 #include "board/piece_classes.h"
+#include "board/piece_letter.h"
 #include "board/ring.h"
 #include "board/square_name.h"
 
@@ -41,21 +41,6 @@ std::int32_t standing(const Piece& piece, bool ending) {
   }
 }
 
-// Generates into the move buffer, where the moves stand until the next generation.
-class Generation : public Board {
- public:
-  Generation() {
-    activeMoveList = &list;
-    for (Piece& piece : Ring(kings[currentMove.sideToMove])) piece.generateMoves();
-    activeMoveList = nullptr;
-  }
-
-  std::span<const MoveRecord> moves() const { return {moveBuffer, list.cursor}; }
-
- private:
-  MoveList list{moveBuffer, 0};
-};
-
 }  // namespace
 
 void TriedMoves::tryAll(SeededRandom& random, std::int32_t noise) {
@@ -64,8 +49,7 @@ void TriedMoves::tryAll(SeededRandom& random, std::int32_t noise) {
     for (const Piece& piece : Ring(king)) material += piece.material;
   }
   moves.clear();
-  const Generation generation;
-  for (const MoveRecord& move : generation.moves()) {
+  for (const MoveRecord& move : LegalMoves::all()) {
     if (move.kind != promoteToKnight) moves.push_back({move, random.below(noise)});
   }
   for (TriedMove& tried : moves) tryOut(tried, material < endingMaterial);
@@ -96,32 +80,21 @@ std::int32_t TriedMoves::riskOf(Piece& piece) {
 void TriedMoves::tryOut(TriedMove& tried, bool ending) {
   Piece& mover = *board[tried.move.from];
   const std::int32_t before = mover.material + standing(mover, ending) - riskOf(mover);
-  currentMove = tried.move;
-  makeMove();
+  tried.legal = LegalMoves::makeIfLegal(tried.move);
+  if (!tried.legal) return;
   Piece& moved = *board[tried.move.to];  // a queen after a promotion
-  const Side enemy = currentMove.sideToMove;
-  tried.legal = !kings[opponent(enemy)]->isAttacked();
-  if (tried.legal) {
-    tried.score += moved.material + standing(moved, ending) - riskOf(moved) - before;
-    tried.score += history->record(history->depth).capturedPiece->material;
-    if (tried.move.kind == enPassantCapture) tried.score += whitePawnClass.material;
-    if (isCastling(tried.move)) tried.score += castlingBonus;
-    tried.check = kings[enemy]->isAttacked();
-    tried.mate = tried.check && !hasLegalMove();
-    if (tried.check) tried.score += checkBonus;
-  }
+  tried.score += moved.material + standing(moved, ending) - riskOf(moved) - before;
+  tried.score += history->record(history->depth).capturedPiece->material;
+  if (tried.move.kind == enPassantCapture) tried.score += whitePawnClass.material;
+  if (isCastling(tried.move)) tried.score += castlingBonus;
+  tried.check = kings[currentMove.sideToMove]->isAttacked();
+  tried.mate = tried.check && !hasLegalMove();
+  if (tried.check) tried.score += checkBonus;
   unmakeMove();
 }
 
 bool TriedMoves::hasLegalMove() {
-  const Generation generation;
-  return std::ranges::any_of(generation.moves(), [](const MoveRecord& move) {
-    currentMove = move;
-    makeMove();
-    const bool legal = !kings[opponent(currentMove.sideToMove)]->isAttacked();
-    unmakeMove();
-    return legal;
-  });
+  return std::ranges::any_of(LegalMoves::all(), LegalMoves::isLegal);
 }
 
 // Do pieces of one kind go to one square?
@@ -168,8 +141,7 @@ std::string TriedMoves::san(const TriedMove& chosen) const {
   const bool captures = board[move.to]->kind != emptyKind || move.kind == enPassantCapture;
   std::string text;
   if (kind != pawnKind) {
-    constexpr std::string_view letters = " NBRQK";
-    text = letters[static_cast<std::size_t>(kind)] + origin(chosen);
+    text = pieceLetter(white, kind) + origin(chosen);
   } else if (captures) {
     text = squareName(move.from)[0];
   }

@@ -1,21 +1,8 @@
-#include "board/board.h"
+#include "board/legal_moves.h"
 #include "board/piece.h"
 #include "board/reach_tables.h"
-#include "board/ring.h"
 
 namespace quorvane {
-
-namespace {
-
-bool fits(std::int32_t wanted, std::int32_t rankOrFile) {
-  return wanted == anyRankOrFile || wanted == rankOrFile;
-}
-
-bool startsRight(const DecodedMove& wanted, Square from) {
-  return fits(wanted.fromRank, rankOf(from)) && fits(wanted.fromFile, fileOf(from));
-}
-
-}  // namespace
 
 bool Piece::isAttacked() {
   // Most pieces could not take here even on an empty board.
@@ -43,18 +30,10 @@ bool Board::findMove(const DecodedMove& wanted) {
   if (wanted.toRank != anyRankOrFile && wanted.toFile != anyRankOrFile)
     return findMoveTo(squareAt(wanted.toRank, wanted.toFile), wanted);
 
-  MoveList moves{moveBuffer, 0};
-  activeMoveList = &moves;
-  for (Piece& piece : Ring(kings[currentMove.sideToMove])) {
-    if (piece.kind == wanted.kind) piece.generateMoves();
-  }
-  activeMoveList = nullptr;
-  for (const MoveRecord* move = moveBuffer; move != moves.cursor; ++move) {
-    if (startsRight(wanted, move->from) && fits(wanted.toRank, rankOf(move->to)) &&
-        fits(wanted.toFile, fileOf(move->to))) {
-      currentMove = *move;
-      return true;
-    }
+  for (const MoveRecord& move : LegalMoves::of(wanted.kind)) {
+    if (!LegalMoves::fits(wanted, move)) continue;
+    currentMove = move;
+    return true;
   }
   return false;
 }
@@ -65,13 +44,13 @@ bool Board::findMoveTo(Square to, const DecodedMove& wanted) {
   first.found = false;
   const SquareSet candidates = squaresOf[currentMove.sideToMove][wanted.kind] & originSet[wanted.kind][to];
   for (const Square from : Squares(candidates)) {
-    if (!startsRight(wanted, from)) continue;
+    currentMove.from = from;
+    if (!LegalMoves::fits(wanted, currentMove)) continue;
     // The ring holds the pieces of a kind by rising ids.
     if (first.found && board[first.from]->id < board[from]->id) continue;
     board[from]->testMove();
     if (!currentMove.found) continue;
     first = currentMove;
-    first.from = from;
   }
   currentMove = first;
   return first.found;
@@ -99,14 +78,9 @@ bool Board::playGameMove(const DecodedMove& move) {
     constexpr MoveKind promotionMoves[] = {promoteToKnight, promoteToBishop, promoteToRook, promoteToQueen};
     currentMove.kind = promotionMoves[move.promotion - knightKind];
   }
-  makeMove();
-  if (kings[opponent(currentMove.sideToMove)]->isAttacked()) {
-    unmakeMove();
-    currentMove.found = false;
-    return false;
-  }
-  opposingKingIsSafe = true;
-  return true;
+  opposingKingIsSafe = LegalMoves::makeIfLegal(currentMove);
+  if (!opposingKingIsSafe) currentMove.found = false;
+  return opposingKingIsSafe;
 }
 
 }  // namespace quorvane

@@ -4,7 +4,6 @@
 #include <array>
 #include <cstdint>
 #include <span>
-#include <string_view>
 
 #include "board/rows.h"
 #include "board/table.h"
@@ -12,17 +11,20 @@
 
 namespace quorvane {
 
-// The letters of FEN in the order of the lists of a Placement: black first.
-inline constexpr std::string_view placementLetters = "prbnqkPRBNQK";
+// The lists of a Placement: black first.
 inline constexpr std::int32_t placementListCount = 12;
 inline constexpr std::int32_t placementListsPerSide = placementListCount / 2;
 // The kinds of a side's lists.
 inline constexpr Table<PieceKind, placementListsPerSide> placementKinds = {
     {pawnKind, rookKind, bishopKind, knightKind, queenKind, kingKind}};
-inline constexpr std::int32_t blackKingList = 5;
-inline constexpr std::int32_t whiteKingList = placementListsPerSide + blackKingList;
+constexpr std::int32_t placementListOf(Side side, PieceKind kind) {
+  return side * placementListsPerSide + placementKinds[kind];  // the kinds' own inverse
+}
+static_assert(placementListOf(white, rookKind) == 7 && placementListOf(black, knightKind) == 3);
+inline constexpr std::int32_t blackKingList = placementListOf(black, kingKind);
+inline constexpr std::int32_t whiteKingList = placementListOf(white, kingKind);
 
-// A start position: twelve lists of squares, one for each letter of FEN, each in the order of the text.
+// A start position: twelve lists of squares, one for each kind of either side, each in the order of the text.
 //
 // All lists stand in one array, since every game holds a Placement and few hold an unusual one.
 class Placement {
@@ -38,7 +40,8 @@ class Placement {
   // Can Board::setupPosition put it on the board? The kings are not looked at.
   bool fitsBoard() const;
 
-  void append(std::int32_t list, Square square) {
+  void append(Side side, PieceKind kind, Square square) {
+    const std::int32_t list = placementListOf(side, kind);
     lists.appendTo(static_cast<std::size_t>(list), static_cast<std::uint8_t>(square));
   }
   void clear() { lists = {}; }

@@ -1,3 +1,4 @@
+#include "board/piece_letter.h"
 #include "pgn/pgn_game.h"
 
 namespace quorvane {
@@ -36,10 +37,8 @@ void readBoard(FenCursor& cursor, Placement& placement) {
   Square rowBase = squareAt(7, 0);
   do {
     const char character = *cursor;
-    // The text's own NUL bytes are no letters either.
-    const std::size_t list = character == '\0' ? std::string_view::npos : placementLetters.find(character);
-    if (list != std::string_view::npos) {
-      placement.append(static_cast<std::int32_t>(list), rowBase + file);
+    if (const auto [side, kind] = pieceOfLetter(character); kind != emptyKind) {
+      placement.append(side, kind, rowBase + file);
       ++file;
     } else if (character >= '1' && character <= '8') {
       file += character - '0';

@@ -1,32 +1,21 @@
+#include "board/piece_letter.h"
 #include "pgn/pgn_game.h"
 
 namespace quorvane {
 
 namespace {
 
-// The kind that a piece letter names, emptyKind for any other character.
+// The kind that a capital names, emptyKind for any other character.
 PieceKind kindOfLetter(char letter) {
-  switch (letter) {
-    case 'N':
-      return knightKind;
-    case 'B':
-      return bishopKind;
-    case 'R':
-      return rookKind;
-    case 'Q':
-      return queenKind;
-    case 'K':
-      return kingKind;
-    default:
-      return emptyKind;
-  }
+  const NamedPiece piece = pieceOfLetter(letter);
+  return piece.side == white ? piece.kind : emptyKind;
 }
 
 // O is castling, P a pawn that is named.
 bool startsLikeMove(std::string_view token) {
   if (token.empty()) return false;
   const char first = token[0];
-  return (first >= 'a' && first <= 'h') || first == 'O' || first == 'P' || kindOfLetter(first) != emptyKind;
+  return (first >= 'a' && first <= 'h') || first == 'O' || kindOfLetter(first) != emptyKind;
 }
 
 bool isSuffix(char character) {
@@ -58,7 +47,7 @@ bool PgnGame::nextMove(DecodedMove& move) {
   while (isSuffix(characterAt(position))) --position;
 
   const PieceKind promoted = kindOfLetter(characterAt(position));
-  if (promoted != emptyKind && promoted != kingKind) {
+  if (promoted >= knightKind && promoted <= queenKind) {
     move.promotion = promoted;
     position -= 2;  // over the letter and what stands before it, which should be an equals sign
   }

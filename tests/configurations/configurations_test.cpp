@@ -62,9 +62,9 @@ TEST_F(Configurations, PlaceBitsAreThoseOfAnyWordOfAPieceThere) {
       const bool cannotStand = kind == pawnKind && relativeRank(side, rankOf(square)) == 7;
       if (square == 27 || square == 3 || cannotStand) continue;
       Placement placement;
-      if (list != blackKingList) placement.append(blackKingList, 27);
-      if (list != whiteKingList) placement.append(whiteKingList, 3);
-      placement.append(list, square);
+      if (list != blackKingList) placement.append(black, kingKind, 27);
+      if (list != whiteKingList) placement.append(white, kingKind, 3);
+      placement.append(side, kind, square);
       setupPosition(placement, white);
       Network::computeConfigurations();
       EXPECT_EQ(board[square]->configuration & ofAnySquare, placeBits(kind, side, square))
@@ -80,8 +80,9 @@ TEST_F(Configurations, MirroredPositionHasTheSameWords) {
       const Side side = currentMove.sideToMove;
       auto& placement = positions.emplace_back(Placement{}, mirrored == 1 ? opponent(side) : side).first;
       for (const Piece* piece : board) {
-        if (piece->kind == emptyKind) continue;  // the lists have the order of the key columns
-        placement.append((piece->keyIndex + 6 * mirrored) % 12, piece->square ^ 56 * mirrored);
+        if (piece->kind == emptyKind) continue;
+        placement.append(mirrored == 1 ? opponent(piece->side) : piece->side, piece->kind,
+                         piece->square ^ 56 * mirrored);
       }
     }
   });

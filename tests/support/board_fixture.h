@@ -9,6 +9,7 @@
 #include <sstream>
 
 #include "board/hash_state.h"
+#include "board/legal_moves.h"
 #include "board/piece.h"
 #include "board/ring.h"
 #include "board/square_name.h"
@@ -51,33 +52,22 @@ class BoardTest : public testing::Test, protected Learner {
     return true;
   }
 
-  bool makeIfLegal(const MoveRecord& move) {
-    currentMove = move;
-    makeMove();
-    const bool legal = !kings[opponent(currentMove.sideToMove)]->isAttacked();
-    if (!legal) unmakeMove();
-    return legal;
-  }
-
   Piece& at(const std::string& square) { return *board[squareAt(square[1] - '1', square[0] - 'a')]; }
 
   // The destinations of a piece in the order of generation.
   std::string moves(const std::string& square) {
     std::string text;
-    for (const MoveRecord& move : BoardLaws::generated(at(square)))
-      text.append(" ").append(squareName(move.to));
+    for (const MoveRecord& move : LegalMoves::of(at(square))) text.append(" ").append(squareName(move.to));
     return text;
   }
 
   // Pseudo-legal moves, with the promotions that are not generated.
   std::vector<MoveRecord> allMoves() {
     std::vector<MoveRecord> all;
-    for (Piece& piece : Ring(kings[currentMove.sideToMove])) {
-      for (const MoveRecord& move : BoardLaws::generated(piece)) {
-        all.push_back(move);
-        if (move.kind != promoteToKnight) continue;
-        for (const MoveKind kind : {promoteToBishop, promoteToRook}) all.emplace_back(move).kind = kind;
-      }
+    for (const MoveRecord& move : LegalMoves::all()) {
+      all.push_back(move);
+      if (move.kind != promoteToKnight) continue;
+      for (const MoveKind kind : {promoteToBishop, promoteToRook}) all.emplace_back(move).kind = kind;
     }
     return all;
   }
@@ -95,8 +85,7 @@ class BoardTest : public testing::Test, protected Learner {
           visit();
           all = allMoves();
           std::ranges::shuffle(all, random);
-        } while (history->depth < 100 &&
-                 std::ranges::any_of(all, [&](auto& move) { return makeIfLegal(move); }));
+        } while (history->depth < 100 && std::ranges::any_of(all, LegalMoves::makeIfLegal));
         while (history->depth > 0) unmakeMove();
         EXPECT_EQ(BoardLaws::state(), start);
       }

@@ -5,6 +5,7 @@
 #include <bit>
 
 #include "board/hash_state.h"
+#include "board/legal_moves.h"
 #include "board/piece.h"
 #include "board/ring.h"
 
@@ -31,13 +32,6 @@ const char* BoardLaws::brokenByPieces() {
   return std::count(board, board + squareCount, EmptySquare) == squareCount - standing
              ? nullptr
              : "nothing stands on the board but rings";
-}
-
-std::vector<MoveRecord> BoardLaws::generated(Piece& piece) {
-  MoveList list{moveBuffer, 0};
-  activeMoveList = &list;
-  piece.generateMoves();
-  return {moveBuffer, list.cursor};
 }
 
 const char* BoardLaws::brokenByMovesOf(Piece& piece) {
@@ -81,7 +75,7 @@ const char* BoardLaws::brokenByMoves() {
   bool takesKing = false;
   for (Piece& piece : Ring(kings[side])) {
     if (const char* const broken = brokenByMovesOf(piece); broken != nullptr) return broken;
-    for (const MoveRecord& move : generated(piece)) takesKing |= move.to == enemyKing.square;
+    for (const MoveRecord& move : LegalMoves::of(piece)) takesKing |= move.to == enemyKing.square;
   }
   return enemyKing.isAttacked() == takesKing ? nullptr : "a king is attacked if it could be taken";
 }

@@ -20,9 +20,6 @@ class BoardLaws : public Board {
   // All that taking a move back restores, and that a refused move leaves alone.
   static std::vector<std::uint64_t> state();
 
-  // The pseudo-legal moves of one piece in their order.
-  static std::vector<MoveRecord> generated(Piece& piece);
-
  private:
   static const char* brokenByMovesOf(Piece& piece);
 };

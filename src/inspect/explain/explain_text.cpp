@@ -1,6 +1,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "board/piece_letter.h"
 #include "board/square_name.h"
 #include "configurations/bit_names.h"
 #include "inspect/common/text_columns.h"
@@ -62,7 +63,7 @@ std::vector<std::string> boardLines(const Explanation& explanation) {
   for (const ExplainedPiece& piece : explanation.pieces) {
     const auto line = static_cast<std::size_t>(7 - rankOf(piece.square));
     const auto place = 3 + 2 * static_cast<std::size_t>(fileOf(piece.square));
-    lines[line][place] = (piece.side == white ? "PNBRQK" : "pnbrqk")[piece.kind];
+    lines[line][place] = pieceLetter(piece.side, piece.kind);
   }
   return lines;
 }

@@ -1,9 +1,9 @@
 #include "inspect/games/game_verdict.h"
 
-#include <vector>
+#include <algorithm>
 
+#include "board/legal_moves.h"
 #include "board/piece.h"
-#include "board/ring.h"
 
 namespace quorvane::inspect {
 
@@ -17,165 +17,109 @@ bool isCastlingWithZeros(std::string_view token) {
   return token.starts_with("0-0");
 }
 
-// Replays a game once more, to find out what is odd about it.
-class Replay : public Board {
+// Goes through the moves of a game once more, to find out what is odd about them.
+class MoveReview : public Board {
  public:
-  explicit Replay(PgnGame& played) : game(played) {}
+  // Of a game all of whose moves are known to be playable, the board is not needed.
+  MoveReview(PgnGame& played, bool onBoard) : game(played), replays(onBoard) {
+    game.tokenCursor = 0;
+    if (replays) setupPosition(game.placement, game.sideToMove);
+  }
 
   // Leaves oddity, token and ply in the verdict.
   void judge(GameVerdict& verdict) {
-    game.tokenCursor = 0;
-    setupPosition(game.placement, game.sideToMove);
-    for (;;) {
+    for (;; ++plies) {
       const std::int32_t firstToken = game.tokenCursor;
       DecodedMove move;
       move.kind = emptyKind;  // stays if there is no token left that starts like a move
       const bool decoded = game.nextMove(move);
-      noteZeros(verdict, firstToken);
+      // All tokens but the last were passed over.
+      for (std::int32_t index = firstToken; index < game.tokenCursor; ++index) {
+        if (isCastlingWithZeros(tokenAt(index))) note(verdict, Oddity::castlingWithZeros, index);
+      }
+      const std::int32_t last = game.tokenCursor - 1;
       if (!decoded) {
         // Behind the result, no harm is done.
-        const bool unreadable = move.kind != emptyKind && game.tokenCursor <= resultToken();
-        if (unreadable) note(verdict, Oddity::unreadableToken);
+        if (move.kind != emptyKind && last < resultToken()) note(verdict, Oddity::unreadableToken, last);
         break;
       }
-      if (playGameMove(move)) continue;
-      note(verdict, refusal(move));
+      if (!replays || playGameMove(move)) continue;
+      note(verdict, refusal(move), last);
       break;
     }
-    if (verdict.oddity == Oddity::none) verdict.ply = history->depth;
+    if (verdict.oddity == Oddity::none) verdict.ply = plies;
   }
 
  private:
+  std::string_view tokenAt(std::int32_t index) const { return game.tokens[static_cast<std::size_t>(index)]; }
+
   // The index of the last result among the tokens, their number without one.
   std::int32_t resultToken() const {
     const auto count = static_cast<std::int32_t>(game.tokens.size());
     for (std::int32_t index = count - 1; index >= 0; --index) {
-      if (isResult(game.tokens[static_cast<std::size_t>(index)])) return index;
+      if (isResult(tokenAt(index))) return index;
     }
     return count;
   }
 
-  // The token that nextMove has just read.
-  void note(GameVerdict& verdict, Oddity oddity) const {
+  // The first oddity of a game counts.
+  void note(GameVerdict& verdict, Oddity oddity, std::int32_t token) const {
     if (verdict.oddity != Oddity::none) return;
     verdict.oddity = oddity;
-    verdict.token = game.tokens[static_cast<std::size_t>(game.tokenCursor - 1)];
-    verdict.ply = history->depth + 1;
-  }
-
-  // Of the tokens since `firstToken`, all but the last were passed over.
-  void noteZeros(GameVerdict& verdict, std::int32_t firstToken) const {
-    for (std::int32_t index = firstToken; index < game.tokenCursor; ++index) {
-      const std::string_view token = game.tokens[static_cast<std::size_t>(index)];
-      if (verdict.oddity != Oddity::none || !isCastlingWithZeros(token)) continue;
-      verdict.oddity = Oddity::castlingWithZeros;
-      verdict.token = token;
-      verdict.ply = history->depth + 1;
-    }
+    verdict.token = tokenAt(token);
+    verdict.ply = plies + 1;
   }
 
   // Why playGameMove has refused the move.
   static Oddity refusal(const DecodedMove& move) {
     if (history->depth + 2 >= depthLimit) return Oddity::tooLong;
     if (kings[opponent(currentMove.sideToMove)]->isAttacked()) return Oddity::opponentInCheck;
+    // A king that would be promoted fits nowhere.
+    if (move.kind == kingKind && move.promotion != noPromotion) return Oddity::noPiece;
     bool anyFits = false;
-    for (const MoveRecord& candidate : generate(move.kind)) {
-      if (!fits(move, candidate)) continue;
-      if (isLegal(candidate)) return Oddity::firstPiecePinned;
+    for (const MoveRecord& candidate : LegalMoves::of(move.kind)) {
+      if (!LegalMoves::fits(move, candidate)) continue;
+      if (LegalMoves::isLegal(candidate)) return Oddity::firstPiecePinned;
       anyFits = true;
     }
     return anyFits ? Oddity::kingInCheck : Oddity::noPiece;
   }
 
-  static std::vector<MoveRecord> generate(PieceKind kind) {
-    MoveList moves{moveBuffer, 0};
-    activeMoveList = &moves;
-    for (Piece& piece : Ring(kings[currentMove.sideToMove])) {
-      if (piece.kind == kind) piece.generateMoves();
-    }
-    activeMoveList = nullptr;
-    return {moveBuffer, moves.cursor};
-  }
-
-  static bool fits(const DecodedMove& move, const MoveRecord& candidate) {
-    const auto agrees = [](std::int32_t wanted, std::int32_t rankOrFile) {
-      return wanted == anyRankOrFile || wanted == rankOrFile;
-    };
-    // A king that would be promoted fits nowhere.
-    if (move.kind == kingKind && move.promotion != noPromotion) return false;
-    return agrees(move.fromRank, rankOf(candidate.from)) && agrees(move.fromFile, fileOf(candidate.from)) &&
-           agrees(move.toRank, rankOf(candidate.to)) && agrees(move.toFile, fileOf(candidate.to));
-  }
-
-  static bool isLegal(const MoveRecord& candidate) {
-    const MoveRecord saved = currentMove;
-    currentMove = candidate;
-    makeMove();
-    const bool legal = !kings[opponent(currentMove.sideToMove)]->isAttacked();
-    unmakeMove();
-    currentMove = saved;
-    return legal;
-  }
-
   PgnGame& game;
+  const bool replays;
+  std::int32_t plies = 0;  // that were played before the move in question
 };
+
+struct OddityTexts {
+  Oddity oddity;
+  const char* name;
+  std::string text;
+};
+
+const OddityTexts& textsOf(Oddity oddity) {
+  static const OddityTexts all[] = {
+      {Oddity::none, "none", "nothing"},
+      {Oddity::noResult, "noResult", "no result behind the moves"},
+      {Oddity::tooShort, "tooShort", std::to_string(QuietPositions::shortestGame - 1) + " plies or fewer"},
+      {Oddity::tooLong, "tooLong", "more than " + std::to_string(depthLimit - 2) + " plies"},
+      {Oddity::noPiece, "noPiece", "no piece can make the move"},
+      {Oddity::firstPiecePinned, "firstPiecePinned", "the first piece that fits is pinned"},
+      {Oddity::kingInCheck, "kingInCheck", "leaves the king in check"},
+      {Oddity::opponentInCheck, "opponentInCheck", "starts with the side not to move in check"},
+      {Oddity::castlingWithZeros, "castlingWithZeros", "castling with zeros is passed over"},
+      {Oddity::unreadableToken, "unreadableToken", "cannot be read, ends the game"},
+      {Oddity::noQuietPosition, "noQuietPosition", "no quiet position"}};
+  return *std::ranges::find(all, oddity, &OddityTexts::oddity);
+}
 
 }  // namespace
 
 const char* oddityName(Oddity oddity) {
-  switch (oddity) {
-    case Oddity::none:
-      return "none";
-    case Oddity::noResult:
-      return "noResult";
-    case Oddity::tooShort:
-      return "tooShort";
-    case Oddity::tooLong:
-      return "tooLong";
-    case Oddity::noPiece:
-      return "noPiece";
-    case Oddity::firstPiecePinned:
-      return "firstPiecePinned";
-    case Oddity::kingInCheck:
-      return "kingInCheck";
-    case Oddity::opponentInCheck:
-      return "opponentInCheck";
-    case Oddity::castlingWithZeros:
-      return "castlingWithZeros";
-    case Oddity::unreadableToken:
-      return "unreadableToken";
-    case Oddity::noQuietPosition:
-      return "noQuietPosition";
-  }
-  return "";
+  return textsOf(oddity).name;
 }
 
 const char* oddityText(Oddity oddity) {
-  switch (oddity) {
-    case Oddity::none:
-      return "nothing";
-    case Oddity::noResult:
-      return "no result behind the moves";
-    case Oddity::tooShort:
-      return "10 plies or fewer";
-    case Oddity::tooLong:
-      return "more than 398 plies";
-    case Oddity::noPiece:
-      return "no piece can make the move";
-    case Oddity::firstPiecePinned:
-      return "the first piece that fits is pinned";
-    case Oddity::kingInCheck:
-      return "leaves the king in check";
-    case Oddity::opponentInCheck:
-      return "starts with the side not to move in check";
-    case Oddity::castlingWithZeros:
-      return "castling with zeros is passed over";
-    case Oddity::unreadableToken:
-      return "cannot be read, ends the game";
-    case Oddity::noQuietPosition:
-      return "no quiet position";
-  }
-  return "";
+  return textsOf(oddity).text.c_str();
 }
 
 void GameTally::add(const GameVerdict& verdict) {
@@ -193,11 +137,11 @@ GameVerdict judgeGame(PgnGame& game, const QuietPositions::Visit& visit) {
     verdict.oddity = Oddity::noResult;
     return verdict;
   }
-  QuietPositions::forEach(game, verdict.result, [&](std::int32_t target) {
+  const bool wasPlayed = QuietPositions::forEach(game, verdict.result, [&](std::int32_t target) {
     ++verdict.samples;
     visit(target);
   });
-  Replay(game).judge(verdict);
+  MoveReview(game, !wasPlayed).judge(verdict);
   if (verdict.oddity == Oddity::none && verdict.samples == 0) {
     verdict.oddity = verdict.ply < QuietPositions::shortestGame ? Oddity::tooShort : Oddity::noQuietPosition;
   }
@@ -206,7 +150,7 @@ GameVerdict judgeGame(PgnGame& game, const QuietPositions::Visit& visit) {
 
 GameVerdict judgeMoves(PgnGame& game) {
   GameVerdict verdict;
-  Replay(game).judge(verdict);
+  MoveReview(game, true).judge(verdict);
   return verdict;
 }
 

@@ -1,26 +1,33 @@
 #include "inspect/position/position.h"
 
+#include "board/board_fen.h"
 #include "inspect/common/fault.h"
 #include "inspect/common/game_files.h"
 #include "inspect/games/game_verdict.h"
-#include "inspect/position/fen_text.h"
+#include "inspect/position/fen_fault.h"
 
 namespace quorvane::inspect {
 
 Origin Position::setFen(const std::string& fen, Rules rules) {
-  PgnGame game;
   const std::string given = "FEN \"" + fen + "\"";
   const auto refuse = [&](const std::string& wrong) {
     if (!wrong.empty()) throw Fault(given, wrong);
   };
-  if (rules == Rules::chess) refuse(faultInFen(fen));
-  if (!game.parseFen(given)) refuse("does not give each side exactly one king");
+  PgnGame game;
+  if (rules == Rules::chess) {
+    const StrictFen read(fen);
+    refuse(faultIn(read));
+    game.placement = read.placement();
+    game.sideToMove = read.sideToMove();
+  } else if (!game.parseFen(given)) {
+    refuse("does not give each side exactly one king");
+  }
   if (!game.placement.fitsBoard()) {
     refuse("has more than " + std::to_string(piecesPerSide) +
            " pieces on a side, two on one square or a pawn on its last rank");
   }
   setupPosition(game.placement, game.sideToMove);
-  if (rules == Rules::chess) refuse(PositionText::fault());
+  if (rules == Rules::chess) refuse(PositionFault::text());
   return {fen, {}, {}, {}};
 }
 
@@ -48,7 +55,7 @@ Origin Position::setGame(const std::string& fileName, std::int32_t number, std::
     origin.move = std::to_string(before / 2 + 1) + (before % 2 == 0 ? ". " : "... ");
     origin.move += game->tokens[static_cast<std::size_t>(game->tokenCursor - 1)];
   }
-  origin.fen = PositionText::fen();
+  origin.fen = BoardFen::text();
   return origin;
 }
 

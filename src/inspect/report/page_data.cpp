@@ -3,6 +3,7 @@
 #include <chrono>
 #include <filesystem>
 
+#include "board/piece_letter.h"
 #include "configurations/bit_names.h"
 #include "configurations/configuration_word.h"
 #include "configurations/place_bits.h"
@@ -56,7 +57,7 @@ Json stepJson(const TrailStep& step) {
   Json words = Json::array();
   for (const ExplainedPiece* const piece : board) {
     if (piece != nullptr) words.push_back(piece->word);
-    letters += piece == nullptr ? '.' : (piece->side == white ? "PNBRQK" : "pnbrqk")[piece->kind];
+    letters += piece == nullptr ? '.' : pieceLetter(piece->side, piece->kind);
   }
   return {{"move", step.move},
           {"squares", step.from == noSquare ? Json() : Json({step.from, step.to})},

@@ -88,15 +88,15 @@ class MaterialLine {
 
 }  // namespace
 
-void QuietPositions::forEach(PgnGame& game, std::int32_t result, const Visit& visit) {
+bool QuietPositions::forEach(PgnGame& game, std::int32_t result, const Visit& visit) {
   setupPosition(game.placement, game.sideToMove);
   MaterialLine material(kings[white], kings[black]);
   for (DecodedMove move; game.nextMove(move);) {
-    if (!playGameMove(move)) return;
+    if (!playGameMove(move)) return false;
     material.follow(history->depth, history->record(history->depth));
   }
   const std::int32_t total = history->depth;
-  if (total < shortestGame) return;
+  if (total < shortestGame) return true;
 
   const float dominance = dominanceOf(material.sum(white), material.sum(black));
   QuietFilter filter;
@@ -108,6 +108,7 @@ void QuietPositions::forEach(PgnGame& game, std::int32_t result, const Visit& vi
     }
     filter.remember(difference);
   }
+  return true;
 }
 
 }  // namespace quorvane

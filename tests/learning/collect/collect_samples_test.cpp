@@ -1,5 +1,6 @@
 #include <fstream>
 
+#include "board/piece_letter.h"
 #include "learning/learning_fixture.h"
 
 namespace quorvane {
@@ -85,7 +86,7 @@ TEST_F(Collection, ListsBeginWithTheKingOfTheirSideInRingOrder) {
   const Sample sample = sampleSets[startType].sample(0);
   const auto kindsOf = [](const std::vector<PieceConfiguration>& list) {
     std::string kinds;
-    for (const PieceConfiguration& piece : list) kinds += "PNBRQK"[piece.kind];
+    for (const PieceConfiguration& piece : list) kinds += pieceLetter(white, piece.kind);
     return kinds;
   };
   EXPECT_EQ(kindsOf(sample.ownList), "KPPPPPPPPRRBBNNQ");
