@@ -14,14 +14,14 @@ constexpr std::uint64_t packed(const PieceConfiguration& piece) {
 }
 constexpr std::uint64_t noPiece = packed({0, emptyKind});
 
-// The places at which the rows differ, as a set.
+// The seats at which the rows differ, as a set.
 template <typename Row>
 std::uint32_t differences(const Row& a, const Row& b) {
-  std::uint32_t places = 0;
-  for (std::int32_t place = 0; place < SampleSet::placeCount; ++place) {
-    places |= (a[place] != b[place] ? 1U : 0U) << place;
+  std::uint32_t seats = 0;
+  for (std::int32_t seat = 0; seat < SampleSet::seatCount; ++seat) {
+    seats |= (a[seat] != b[seat] ? 1U : 0U) << seat;
   }
-  return places;
+  return seats;
 }
 
 }  // namespace
@@ -77,16 +77,16 @@ void SampleSet::append(std::span<const PieceConfiguration> ownList,
   *record++ = static_cast<std::uint32_t>(target);
   *record++ = changed;
   bool changesKinds = false;
-  for (std::int32_t place = 0; place < placeCount; ++place) {
-    changesKinds |= row[place] >> 32 != before[place] >> 32;
+  for (std::int32_t seat = 0; seat < seatCount; ++seat) {
+    changesKinds |= row[seat] >> 32 != before[seat] >> 32;
   }
   if (changesKinds) {
-    std::fill_n(record, placeCount / kindsPerNumber, 0U);
-    for (std::size_t place = 0; place < placeCount; ++place) {
-      const auto kind = static_cast<std::uint32_t>(row.entries[place] >> 32);
-      record[place / kindsPerNumber] |= kind << place % kindsPerNumber * 4;
+    std::fill_n(record, seatCount / kindsPerNumber, 0U);
+    for (std::size_t seat = 0; seat < seatCount; ++seat) {
+      const auto kind = static_cast<std::uint32_t>(row.entries[seat] >> 32);
+      record[seat / kindsPerNumber] |= kind << seat % kindsPerNumber * 4;
     }
-    record += placeCount / kindsPerNumber;
+    record += seatCount / kindsPerNumber;
   }
   for (std::uint32_t left = changed; left != 0; left &= left - 1) {
     const std::uint64_t piece = row[std::countr_zero(left)];
