@@ -10,30 +10,29 @@ namespace quorvane {
 
 namespace {
 
-constexpr auto setOfPlace = [] {
-  Table<std::uint32_t, SampleSet::placeCount> table{};
-  for (std::int32_t place = 0; place < SampleSet::placeCount; ++place)
-    table[place] = std::uint32_t{1} << place;
+constexpr auto setOfSeat = [] {
+  Table<std::uint32_t, SampleSet::seatCount> table{};
+  for (std::int32_t seat = 0; seat < SampleSet::seatCount; ++seat) table[seat] = std::uint32_t{1} << seat;
   return table;
 }();
 
 }  // namespace
 
-void SampleSet::Row::put(std::int32_t place, std::span<const PieceConfiguration> list) {
+void SampleSet::Row::put(std::int32_t seat, std::span<const PieceConfiguration> list) {
   for (const PieceConfiguration& piece : list) {
-    words[place] = piece.word;
-    kinds[place++] = piece.kind;
+    words[seat] = piece.word;
+    kinds[seat++] = piece.kind;
   }
 }
 
 std::uint32_t SampleSet::Row::differences(const Row& other) const {
-  // Without branches, so that several places are compared at once.
-  std::uint32_t places = 0;
-  for (std::int32_t place = 0; place < placeCount; ++place)
-    places |= setOfPlace[place] & (0U - std::uint32_t{words[place] != other.words[place]});
-  for (std::int32_t place = 0; place < placeCount; ++place)
-    places |= setOfPlace[place] & (0U - std::uint32_t{kinds[place] != other.kinds[place]});
-  return places;
+  // Without branches, so that several seats are compared at once.
+  std::uint32_t seats = 0;
+  for (std::int32_t seat = 0; seat < seatCount; ++seat)
+    seats |= setOfSeat[seat] & (0U - std::uint32_t{words[seat] != other.words[seat]});
+  for (std::int32_t seat = 0; seat < seatCount; ++seat)
+    seats |= setOfSeat[seat] & (0U - std::uint32_t{kinds[seat] != other.kinds[seat]});
+  return seats;
 }
 
 void SampleSet::clear() {
@@ -88,17 +87,17 @@ void SampleSet::append(std::span<const PieceConfiguration> ownList,
   *record++ = changed;
   const bool changesKinds = !std::ranges::equal(row.kinds, before.kinds);
   if (changesKinds) {
-    std::fill_n(record, placeCount / kindsPerNumber, 0U);
-    for (std::size_t place = 0; place < placeCount; ++place) {
-      const std::uint32_t kind = row.kinds.entries[place];
-      record[place / kindsPerNumber] |= kind << place % kindsPerNumber * 4;
+    std::fill_n(record, seatCount / kindsPerNumber, 0U);
+    for (std::size_t seat = 0; seat < seatCount; ++seat) {
+      const std::uint32_t kind = row.kinds.entries[seat];
+      record[seat / kindsPerNumber] |= kind << seat % kindsPerNumber * 4;
     }
-    record += placeCount / kindsPerNumber;
+    record += seatCount / kindsPerNumber;
   }
   for (std::uint32_t left = changed; left != 0; left &= left - 1) {
-    const std::int32_t place = std::countr_zero(left);
-    *record = row.words[place];
-    record += row.kinds[place] != emptyKind ? 1 : 0;
+    const std::int32_t seat = std::countr_zero(left);
+    *record = row.words[seat];
+    record += row.kinds[seat] != emptyKind ? 1 : 0;
   }
   blocks[blocksInUse - 1].used += static_cast<std::size_t>(record - start);
   pieces += ownList.size() + opposingList.size();

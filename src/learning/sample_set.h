@@ -15,11 +15,11 @@ namespace quorvane {
 //
 // Half of a sample's pieces have the words that they had in the sample before the last one, which most often comes from
 // two plies later in the same game. So a sample is stored as what changes from that one, or from the last one if that is
-// nearer: a set of places, and the word that comes to each of them. A place is that of a piece in the lists: own pieces
+// nearer: a set of seats, and the word that comes to each of them. A seat is that of a piece in the lists: own pieces
 // from 0, opposing ones from piecesPerSide on.
 class SampleSet {
  public:
-  static constexpr std::int32_t placeCount = 2 * piecesPerSide;
+  static constexpr std::int32_t seatCount = 2 * piecesPerSide;
 
   SampleSet() { clear(); }
 
@@ -48,28 +48,28 @@ class SampleSet {
 
   static constexpr std::size_t smallestCapacity = 1000;
   static constexpr std::size_t kindsPerNumber = 8;  // of four bits each
-  static constexpr std::size_t longestRecord = 2 + placeCount / kindsPerNumber + placeCount;
+  static constexpr std::size_t longestRecord = 2 + seatCount / kindsPerNumber + seatCount;
 
   static constexpr auto noPieces = [] {
-    Table<std::uint8_t, placeCount> kinds{};
+    Table<std::uint8_t, seatCount> kinds{};
     for (std::uint8_t& kind : kinds) kind = emptyKind;
     return kinds;
   }();
-  // The pieces of a sample by place; emptyKind and the word 0 where there is none.
+  // The pieces of a sample by seat; emptyKind and the word 0 where there is none.
   struct Row {
-    Table<ConfigurationWord, placeCount> words{};
-    Table<std::uint8_t, placeCount> kinds = noPieces;
+    Table<ConfigurationWord, seatCount> words{};
+    Table<std::uint8_t, seatCount> kinds = noPieces;
 
-    // Enters pieces from `place` on.
-    void put(std::int32_t place, std::span<const PieceConfiguration> list);
-    // The places at which another row has another piece, as a set.
+    // Enters pieces from `seat` on.
+    void put(std::int32_t seat, std::span<const PieceConfiguration> list);
+    // The seats at which another row has another piece, as a set.
     std::uint32_t differences(const Row& other) const;
   };
 
   // How a sample is stored.
   struct Form {
     bool followsLast : 1;   // as what changes from the last one
-    bool changesKinds : 1;  // with the kinds of all places
+    bool changesKinds : 1;  // with the kinds of all seats
   };
 
   struct Block {
@@ -82,8 +82,8 @@ class SampleSet {
   // Where the next record goes.
   std::uint32_t* recordStart();
 
-  // Records of 32-bit numbers: the target, the set of places that change, kinds if the form says so, and the words of
-  // the pieces that stand on changed places, in ascending order. None is cut by the end of a block. Blocks never move, and
+  // Records of 32-bit numbers: the target, the set of seats that change, kinds if the form says so, and the words of
+  // the pieces that stand on changed seats, in ascending order. None is cut by the end of a block. Blocks never move, and
   // each is as large as all before it.
   std::vector<Block> blocks;
   std::size_t room = 0;  // of all blocks

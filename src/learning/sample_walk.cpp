@@ -14,13 +14,13 @@ SampleWalk::SampleWalk(const SampleSet& set) : samples(set) {
 void SampleWalk::readKinds(Row& row) {
   row.ownCount = 0;
   row.opposingCount = 0;
-  for (std::size_t place = 0; place < SampleSet::placeCount; ++place) {
-    const std::uint32_t kinds = record[place / SampleSet::kindsPerNumber];
-    const auto kind = static_cast<std::uint8_t>(kinds >> place % SampleSet::kindsPerNumber * 4 & 15);
-    row.pieces.entries[place].kind = kind;
-    if (kind != emptyKind) ++(place < piecesPerSide ? row.ownCount : row.opposingCount);
+  for (std::size_t seat = 0; seat < SampleSet::seatCount; ++seat) {
+    const std::uint32_t kinds = record[seat / SampleSet::kindsPerNumber];
+    const auto kind = static_cast<std::uint8_t>(kinds >> seat % SampleSet::kindsPerNumber * 4 & 15);
+    row.pieces.entries[seat].kind = kind;
+    if (kind != emptyKind) ++(seat < piecesPerSide ? row.ownCount : row.opposingCount);
   }
-  record += SampleSet::placeCount / SampleSet::kindsPerNumber;
+  record += SampleSet::seatCount / SampleSet::kindsPerNumber;
 }
 
 bool SampleWalk::next() {

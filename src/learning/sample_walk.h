@@ -26,18 +26,18 @@ class SampleWalk {
   std::span<const PieceConfiguration> opposingList() const {
     return {row().pieces.begin() + piecesPerSide, row().opposingCount};
   }
-  // The one at that place, which must be one of these.
-  const PieceConfiguration& piece(std::int32_t place) const { return row().pieces[place]; }
+  // The one at that seat, which must be one of these.
+  const PieceConfiguration& piece(std::int32_t seat) const { return row().pieces[seat]; }
   std::int32_t target() const { return presentTarget; }
 
-  // The places at which the present sample may differ from the one before the last, as a set; and whose turn it is of the
+  // The seats at which the present sample may differ from the one before the last, as a set; and whose turn it is of the
   // two rows that hold every other sample: 0 or 1.
-  std::uint32_t changedPlaces() const { return changed; }
+  std::uint32_t changedSeats() const { return changed; }
   std::int32_t turn() const { return newest; }
 
  private:
   struct Row {
-    Table<PieceConfiguration, SampleSet::placeCount> pieces;
+    Table<PieceConfiguration, SampleSet::seatCount> pieces;
     std::uint8_t ownCount = 0;
     std::uint8_t opposingCount = 0;
   };

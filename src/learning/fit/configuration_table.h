@@ -20,7 +20,16 @@ class ConfigurationTable {
   void announce(const PieceConfiguration& configuration) const {
     wordsByKind[configuration.kind].prefetchSlotOf(configuration.word);
   }
-  std::uint32_t numberOf(const PieceConfiguration& configuration);
+  std::uint32_t numberOf(const PieceConfiguration& configuration) {
+    Words& words = wordsByKind[configuration.kind];
+    Words::Slot& slot = words.slotOf(configuration.word);
+    if (!slot.isFree()) return slot.value;
+    const auto number = static_cast<std::uint32_t>(configurations.size());
+    slot = {configuration.word, number};
+    words.filled();
+    configurations.push_back(configuration);
+    return number;
+  }
 
   const PieceConfiguration& operator[](std::uint32_t number) const { return configurations[number]; }
   std::size_t size() const { return configurations.size(); }

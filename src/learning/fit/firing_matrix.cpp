@@ -2,14 +2,17 @@
 
 #include <algorithm>
 #include <bit>
+#include <cassert>
+#include <limits>
 
 #include "configurations/configuration_word.h"
+#include "learning/fit/prefetch.h"
 
 namespace quorvane {
 
 namespace {
 
-constexpr std::int32_t lowHalfBits = 17;
+constexpr std::int32_t lowHalfBits = FiringMatrix::lowHalfBits;
 constexpr ConfigurationWord lowBits = (ConfigurationWord{1} << lowHalfBits) - 1;
 
 constexpr ConfigurationWord lowOf(ConfigurationWord word) {
@@ -46,7 +49,7 @@ std::vector<ConfigurationWord> differentValues(const Items& items, Value valueOf
   return values;
 }
 
-std::size_t numberIn(const std::vector<ConfigurationWord>& values, ConfigurationWord value) {
+std::size_t indexIn(const std::vector<ConfigurationWord>& values, ConfigurationWord value) {
   return static_cast<std::size_t>(std::lower_bound(values.begin(), values.end(), value) - values.begin());
 }
 
@@ -64,19 +67,22 @@ void FiringMatrix::sort(std::vector<PlacedWord>& words) {
   std::ranges::transform(keyed, words.begin(), &Keyed::word);
 }
 
-FiringMatrix::FiringMatrix(const NodeList& list, std::span<const PlacedWord> words) {
+FiringMatrix::FiringMatrix(const NodeList& list, std::span<const PlacedWord> words, std::uint32_t noWord)
+    : sparePlace(noWord) {
+  assert(list.size() < std::numeric_limits<Index>::max());
+  assert(std::ranges::is_sorted(words, {}, [](const PlacedWord& word) { return sortKey(word.word); }));
   const auto lowParts = differentValues(list, [](const PatternNode& node) { return lowOf(node.mask); });
   const auto highParts = differentValues(list, [](const PatternNode& node) { return highOf(node.mask); });
   lowPartCount = lowParts.size();
 
   std::vector<bool> lowPartIsUsed(lowPartCount);  // by a node with a high part
   std::vector<std::vector<Node>> nodesByHighPart(highParts.size());
-  for (std::size_t number = 0; number < list.size(); ++number) {
-    const ConfigurationWord mask = list[number].mask;
+  for (std::size_t index = 0; index < list.size(); ++index) {
+    const ConfigurationWord mask = list[index].mask;
     if (highOf(mask) == 0) continue;
-    const std::size_t lowPart = numberIn(lowParts, lowOf(mask));
-    nodesByHighPart[numberIn(highParts, highOf(mask))].push_back(
-        {static_cast<Index>(number), static_cast<Index>(lowPart)});
+    const std::size_t lowPart = indexIn(lowParts, lowOf(mask));
+    nodesByHighPart[indexIn(highParts, highOf(mask))].push_back(
+        {static_cast<Index>(index), static_cast<Index>(lowPart)});
     lowPartIsUsed[lowPart] = true;
   }
   for (const std::vector<Node>& nodes : nodesByHighPart) {
@@ -104,7 +110,7 @@ void FiringMatrix::enterPrefixes(std::span<const PlacedWord> words) {
   }
   for (ConfigurationWord low = 0; low <= lowBits; ++low) {
     if (!occurs[low]) continue;
-    parents.push_back(static_cast<std::uint32_t>(numberIn(lowHalves, withoutTopBit(low))));
+    parents.push_back(static_cast<std::uint32_t>(indexIn(lowHalves, withoutTopBit(low))));
     lowHalves.push_back(low);
   }
 }
@@ -112,8 +118,8 @@ void FiringMatrix::enterPrefixes(std::span<const PlacedWord> words) {
 void FiringMatrix::enterParts(const NodeList& list, const std::vector<ConfigurationWord>& lowParts,
                               const std::vector<bool>& lowPartIsUsed) {
   std::vector<Index> plainNodes;  // without a high part
-  for (std::size_t number = 0; number < list.size(); ++number) {
-    if (highOf(list[number].mask) == 0) plainNodes.push_back(static_cast<Index>(number));
+  for (std::size_t index = 0; index < list.size(); ++index) {
+    if (highOf(list[index].mask) == 0) plainNodes.push_back(static_cast<Index>(index));
   }
   for (const ConfigurationWord low : lowHalves) {
     const ConfigurationWord topBit = std::bit_floor(low);
@@ -134,9 +140,8 @@ void FiringMatrix::enterParts(const NodeList& list, const std::vector<Configurat
 }
 
 void FiringMatrix::enterWords(std::span<const PlacedWord> words) {
-  std::vector<std::uint32_t> numberOfLowHalf(lowBits + 1);
-  for (std::uint32_t number = 0; number < lowHalves.size(); ++number)
-    numberOfLowHalf[lowHalves[number]] = number;
+  std::vector<std::uint32_t> indexOfLowHalf(lowBits + 1);
+  for (std::uint32_t index = 0; index < lowHalves.size(); ++index) indexOfLowHalf[lowHalves[index]] = index;
   constexpr ConfigurationWord none = lowBits + 1;
   ConfigurationWord last = none;  // the low half entered last, of this high half
   for (std::size_t i = 0; i < words.size(); ++i) {
@@ -147,9 +152,9 @@ void FiringMatrix::enterWords(std::span<const PlacedWord> words) {
       const ConfigurationWord sameLength = std::bit_ceil(prefix + 1) - 1;
       const bool entered = last != none && (last & sameLength) == prefix;
       if (!entered) {
-        const std::uint32_t number = numberOfLowHalf[prefix];
+        const std::uint32_t index = indexOfLowHalf[prefix];
         entriesOfHighHalf.open().push_back(
-            {prefix == low ? words[i].place : noPlace, number, prefixes[number]});
+            {prefix == low ? words[i].place : sparePlace, index, prefixes[index]});
       }
       if (rest == 0) break;
       prefix |= rest & ~(rest - 1);
@@ -164,31 +169,7 @@ void FiringMatrix::sumHighParts(std::size_t highHalf, std::span<const double> by
                                 std::vector<double>& byLowPart) const {
   std::fill(byLowPart.begin(), byLowPart.end(), 0.0);
   for (const Index part : highPartsOfHighHalf[highHalf]) {
-    for (const Node& node : nodesOfHighPart[part]) byLowPart[node.lowPart] += byNode[node.number];
-  }
-}
-
-void FiringMatrix::sumNodes(std::span<const double> byNode, std::span<double> byPlace) const {
-  std::vector<double> ofPlainNodes(lowHalves.size());
-  for (std::size_t prefix = 0; prefix < lowHalves.size(); ++prefix) {
-    double sum = ofPlainNodes[parents[prefix]];
-    for (const Index node : nodesOfPrefix[prefix]) sum += byNode[node];
-    ofPlainNodes[prefix] = sum;
-  }
-  std::vector<double> byLowPart(lowPartCount + 1);
-  double alongPath[lowHalfBits + 2] = {};  // by depth, one further on
-  for (std::size_t highHalf = 0; highHalf < entriesOfHighHalf.size(); ++highHalf) {
-    sumHighParts(highHalf, byNode, byLowPart);
-    for (const Entry& entry : entriesOfHighHalf[highHalf]) {
-      double* const path = alongPath + entry.prefix.depth;
-      double sum = path[0];
-      const Index* part = partsOfPrefixes.data() + entry.prefix.firstPart;
-      for (std::uint8_t quads = entry.prefix.quads; quads > 0; --quads, part += quad) {
-        sum += (byLowPart[part[0]] + byLowPart[part[1]]) + (byLowPart[part[2]] + byLowPart[part[3]]);
-      }
-      path[1] = sum;
-      if (entry.place != noPlace) byPlace[entry.place] = ofPlainNodes[entry.number] + sum;
-    }
+    for (const Node& node : nodesOfHighPart[part]) byLowPart[node.lowPart] += byNode[node.index];
   }
 }
 
@@ -204,11 +185,10 @@ void FiringMatrix::addWords(std::span<const double> byPlace, std::span<double> b
       double* const below = belowDepth + entry.prefix.depth;
       double sum = below[1];
       below[1] = 0.0;
-      if (entry.place != noPlace) {
-        const double amount = byPlace[entry.place];
-        ofPrefix[entry.number] += amount;
-        sum += amount;
-      }
+      prefetch(&byPlace[entries[i < lookAhead ? 0 : i - lookAhead].place]);
+      const double amount = byPlace[entry.place];
+      ofPrefix[entry.prefixIndex] += amount;
+      sum += amount;
       const Index* part = partsOfPrefixes.data() + entry.prefix.firstPart;
       for (std::uint8_t quads = entry.prefix.quads; quads > 0; --quads, part += quad) {
         for (std::size_t i4 = 0; i4 < quad; ++i4) byLowPart[part[i4]] += sum;
@@ -217,7 +197,7 @@ void FiringMatrix::addWords(std::span<const double> byPlace, std::span<double> b
     }
     belowDepth[0] = 0.0;
     for (const Index part : highPartsOfHighHalf[highHalf]) {
-      for (const Node& node : nodesOfHighPart[part]) byNode[node.number] += byLowPart[node.lowPart];
+      for (const Node& node : nodesOfHighPart[part]) byNode[node.index] += byLowPart[node.lowPart];
     }
   }
   for (std::size_t prefix = lowHalves.size(); prefix-- > 0;) {

@@ -10,7 +10,7 @@
 
 namespace quorvane {
 
-// A word, and where its number stands in the arrays that the products below read and write.
+// A word, and its place in the arrays that the products below read and write.
 struct PlacedWord {
   ConfigurationWord word;
   std::uint32_t place;
@@ -28,26 +28,34 @@ struct PlacedWord {
 // only the low parts with that bit are left to add.
 class FiringMatrix {
  public:
-  // The order in which the products run through the words: numbers that stand in this order are reached one
+  static constexpr std::int32_t lowHalfBits = 17;
+
+  // The order in which the products run through the words: what stands in this order is reached one
   // after the other.
   static void sort(std::vector<PlacedWord>& words);
 
   // Neither the list nor the words, different ones in the order above, are needed afterwards. Patterns have up to
-  // three bits, of which there are no more than 5,488; at most 2^32 - 1 places.
-  FiringMatrix(const NodeList& list, std::span<const PlacedWord> words);
+  // three bits, of which there are no more than 5,488. `noWord` is a place that no word has.
+  FiringMatrix(const NodeList& list, std::span<const PlacedWord> words, std::uint32_t noWord);
 
-  // byPlace[w] = sum over the nodes that fire on word w of byNode[node], regrouped. Other places stay.
-  void sumNodes(std::span<const double> byNode, std::span<double> byPlace) const;
+  // Calls store(place, sum) for every word, sum being that of byNode[node] over the nodes that fire on it, regrouped.
+  // What it is called with for `noWord` means nothing.
+  template <typename Store>
+  void sumNodes(std::span<const double> byNode, Store store) const;
 
-  // byNode[n] += sum over the words on which node n fires of byPlace[word], regrouped.
+  // byNode[n] += sum over the words on which node n fires of byPlace[word], regrouped. REQUIRES: byPlace[noWord] is 0.
   void addWords(std::span<const double> byPlace, std::span<double> byNode) const;
 
  private:
   using Index = std::uint16_t;  // of a node, or of a low or high part of masks
 
-  static constexpr std::uint32_t noPlace = 0xffffffff;
   // Low parts are added up four at a time: loops of one or two turns are predicted.
   static constexpr std::size_t quad = 4;
+  static constexpr std::size_t lookAhead = 12;  // entries
+
+  // A prefix has a word of its own or none, in no order that could be predicted. So no branch tells: what ends no word
+  // is added and stored at a place of its own.
+  std::uint32_t sparePlace;
 
   // One prefix of the low half of a word, which is as many of its lowest bits.
   struct Prefix {
@@ -57,12 +65,12 @@ class FiringMatrix {
   };
   // A prefix as it comes with a high half.
   struct Entry {
-    std::uint32_t place;  // of the word that ends here, or noPlace
-    std::uint32_t number;
+    std::uint32_t place;        // of the word that ends here, or sparePlace
+    std::uint32_t prefixIndex;  // in prefixes
     Prefix prefix;
   };
   struct Node {
-    Index number;  // in the list
+    Index index;  // in the list
     Index lowPart;
   };
 
@@ -89,6 +97,31 @@ class FiringMatrix {
   // By the different high parts of masks; none for the empty one.
   Rows<Node> nodesOfHighPart;
 };
+
+template <typename Store>
+void FiringMatrix::sumNodes(std::span<const double> byNode, Store store) const {
+  std::vector<double> ofPlainNodes(lowHalves.size());
+  for (std::size_t prefix = 0; prefix < lowHalves.size(); ++prefix) {
+    double sum = ofPlainNodes[parents[prefix]];
+    for (const Index node : nodesOfPrefix[prefix]) sum += byNode[node];
+    ofPlainNodes[prefix] = sum;
+  }
+  std::vector<double> byLowPart(lowPartCount + 1);
+  double alongPath[lowHalfBits + 2] = {};  // by depth, one further on
+  for (std::size_t highHalf = 0; highHalf < entriesOfHighHalf.size(); ++highHalf) {
+    sumHighParts(highHalf, byNode, byLowPart);
+    for (const Entry& entry : entriesOfHighHalf[highHalf]) {
+      double* const path = alongPath + entry.prefix.depth;
+      double sum = path[0];
+      const Index* part = partsOfPrefixes.data() + entry.prefix.firstPart;
+      for (std::uint8_t quads = entry.prefix.quads; quads > 0; --quads, part += quad) {
+        sum += (byLowPart[part[0]] + byLowPart[part[1]]) + (byLowPart[part[2]] + byLowPart[part[3]]);
+      }
+      path[1] = sum;
+      store(entry.place, ofPlainNodes[entry.prefixIndex] + sum);
+    }
+  }
+}
 
 }  // namespace quorvane
 

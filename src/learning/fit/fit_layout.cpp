@@ -14,11 +14,11 @@ namespace quorvane {
 
 namespace {
 
-// The pieces of a sample by place, as numbers of configurations.
+// The pieces of a sample by seat, as numbers of configurations.
 struct PieceNumbers {
-  Table<std::uint32_t, SampleSet::placeCount> numbers;
-  Table<std::uint32_t, SampleSet::placeCount> cacheIndexes;
-  std::uint32_t unknown;  // places of which the caches do not know the number
+  Table<std::uint32_t, SampleSet::seatCount> numbers;
+  Table<std::uint32_t, SampleSet::seatCount> cacheIndexes;
+  std::uint32_t unknown;  // seats of which the caches do not know the number
   std::uint32_t ownCount;
   std::uint32_t opposingCount;
   std::uint32_t hash;  // of the row
@@ -28,7 +28,7 @@ struct PieceNumbers {
     return {numbers.begin() + piecesPerSide, opposingCount};
   }
 
-  // Takes over the present sample of the walk, in the place of the one before the last, and announces every word that may
+  // Takes over the present sample of the walk, in the stead of the one before the last, and announces every word that may
   // be unknown. Gives which of its pieces the caches miss: bit 0 is the first own one.
   std::uint32_t lookUp(const SampleWalk& walk, const ConfigurationTable& numbered, CacheModel& caches,
                        std::uint32_t sample) {
@@ -39,16 +39,16 @@ struct PieceNumbers {
     std::uint32_t piece = 0;
     const auto lookUpList = [&](std::int32_t begin, std::uint32_t count) {
       const std::int32_t end = begin + static_cast<std::int32_t>(count);
-      for (std::int32_t place = begin; place < end; ++place, ++piece) {
-        if ((walk.changedPlaces() >> place & 1) != 0) {
-          numbers[place] = CacheModel::unknownNumber;
-          numbered.announce(walk.piece(place));
-          cacheIndexes[place] = CacheModel::indexOf(walk.piece(place), begin != 0);
+      for (std::int32_t seat = begin; seat < end; ++seat, ++piece) {
+        if ((walk.changedSeats() >> seat & 1) != 0) {
+          numbers[seat] = CacheModel::unknownNumber;
+          numbered.announce(walk.piece(seat));
+          cacheIndexes[seat] = CacheModel::indexOf(walk.piece(seat), begin != 0);
         }
         const bool misses =
-            caches.misses(walk.piece(place).word, cacheIndexes[place], {sample, piece}, numbers[place]);
+            caches.misses(walk.piece(seat).word, cacheIndexes[seat], {sample, piece}, numbers[seat]);
         missed |= (misses ? 1U : 0U) << piece;
-        unknown |= (numbers[place] == CacheModel::unknownNumber ? 1U : 0U) << place;
+        unknown |= (numbers[seat] == CacheModel::unknownNumber ? 1U : 0U) << seat;
       }
     };
     lookUpList(0, ownCount);
@@ -64,11 +64,11 @@ struct PieceNumbers {
 
 }  // namespace
 
-FitSystem::FitSystem(const SampleSet& set, NetworkRow& row) : networkRow(row), rows(set.pieceCount()) {
+FitSystem::FitSystem(const SampleSet& set, NetworkRow& lists) : nodeLists(lists), rows(set.pieceCount()) {
   for (std::int32_t kind = 0; kind < pieceKindCount; ++kind) {
-    kinds[kind].list = &row[kind];
+    kinds[kind].list = &lists[kind];
     kinds[kind].firstNode = allNodes.size();
-    for (PatternNode& node : row[kind]) allNodes.push_back(&node);
+    for (PatternNode& node : lists[kind]) allNodes.push_back(&node);
   }
   ConfigurationTable numbered;
   storeSamples(set, numbered);
@@ -87,24 +87,24 @@ void FitSystem::storeSamples(const SampleSet& set, ConfigurationTable& numbered)
   auto caches = std::make_unique<CacheModel>();
   Table<PieceNumbers, 2> pieces;  // of the last two samples
   const auto enter = [&](const PieceNumbers& sample) {
-    rowOfSample.push_back(rows.numberOf(sample.ownList(), sample.opposingList(), sample.hash));
+    rowOfSample.push_back(rows.indexOf(sample.ownList(), sample.opposingList(), sample.hash));
   };
   for (SampleWalk walk(set); walk.next();) {
     PieceNumbers& present = pieces[walk.turn()];
     missesOfSample.push_back(
         present.lookUp(walk, numbered, *caches, static_cast<std::uint32_t>(targets.size())));
     if (!targets.empty()) enter(pieces[1 - walk.turn()]);
-    present.forEachUnknown([&](std::int32_t place) {
-      const PieceConfiguration& piece = walk.piece(place);
-      present.numbers[place] = numbered.numberOf(piece);
-      caches->setNumber(piece.word, present.cacheIndexes[place], present.numbers[place]);
+    present.forEachUnknown([&](std::int32_t seat) {
+      const PieceConfiguration& piece = walk.piece(seat);
+      present.numbers[seat] = numbered.numberOf(piece);
+      caches->setNumber(piece.word, present.cacheIndexes[seat], present.numbers[seat]);
     });
     present.hash = rows.announce(present.ownList(), present.opposingList());
     targets.push_back(static_cast<float>(walk.target()));
     if (targets.size() == set.size()) enter(present);
   }
   rows.finish();
-  rowTerms.resize(rows.size());
+  lines.resize(rows.size());
   residualOfSample.resize(set.size());
   const std::vector<CacheModel::LookUp> foundAgain = caches->foundAgain();
   caches.reset();  // gives its memory to what follows
@@ -122,7 +122,8 @@ void FitSystem::placeConfigurations(const ConfigurationTable& numbered) {
   for (std::uint32_t number = 0; number < numbered.size(); ++number) {
     kinds[numbered[number].kind].words.push_back({numbered[number].word, number});
   }
-  for (Kind& kind : kinds) FiringMatrix::sort(kind.words);  // numbers stand for places so far
+  for (Kind& kind : kinds)
+    FiringMatrix::sort(kind.words);  // their numbers stand in the stead of places so far
 
   std::vector<PlacedWord> byFrequency;
   byFrequency.reserve(numbered.size());
@@ -137,13 +138,16 @@ void FitSystem::placeConfigurations(const ConfigurationTable& numbered) {
     configurations.push_back(numbered[number]);
     frequencies.push_back(frequency[number]);
   }
-  rows.renumber(places);
+  rows.place(places);
+  const auto noWord = static_cast<std::uint32_t>(configurations.size());
   for (Kind& kind : kinds) {
     for (PlacedWord& word : kind.words) word.place = places[word.place];
-    kind.matrix.emplace(*kind.list, kind.words);
+    kind.matrix.emplace(*kind.list, kind.words, noWord);
   }
-  values.resize(numbered.size());
-  terms.resize(numbered.size());
+  frequencies.push_back(0.0);
+  values.resize(noWord + 1);
+  gradientShares.resize(noWord + 1);
+  slopeShares.resize(noWord + 1);
 }
 
 void FitSystem::groupSamples(const std::vector<std::uint32_t>& missesOfSample,
@@ -152,16 +156,17 @@ void FitSystem::groupSamples(const std::vector<std::uint32_t>& missesOfSample,
   for (const std::uint32_t row : rowOfSample) ++repetitions[row];
   std::vector<std::uint32_t> next(rows.size());
   std::exclusive_scan(repetitions.begin(), repetitions.end(), next.begin(), 0U);
-  std::vector<std::uint32_t> occurrenceOfSample(targets.size());
-  occurrences.resize(targets.size());
+  std::vector<std::uint32_t> indexOfSample(targets.size());
+  samples.resize(targets.size());
+  misses.resize(targets.size());
   for (std::uint32_t sample = 0; sample < targets.size(); ++sample) {
-    const std::uint32_t occurrence = next[rowOfSample[sample]]++;
-    occurrences[occurrence] = {sample, missesOfSample[sample]};
-    occurrenceOfSample[sample] = occurrence;
+    const std::uint32_t index = next[rowOfSample[sample]]++;
+    samples[index] = sample;
+    misses[index] = missesOfSample[sample];
+    indexOfSample[sample] = index;
   }
-  for (const auto& [sample, piece] : foundAgain) {
-    foundInFilledCaches.push_back({occurrenceOfSample[sample], piece});
-  }
+  for (const auto& [sample, piece] : foundAgain)
+    foundInFilledCaches.push_back({indexOfSample[sample], piece});
 }
 
 }  // namespace quorvane

@@ -10,6 +10,7 @@
 #include "learning/fit/firing_matrix.h"
 #include "learning/fit/residuals.h"
 #include "learning/fit/sample_rows.h"
+#include "learning/fit/word_value.h"
 #include "learning/sample_set.h"
 #include "network/network_table.h"
 
@@ -24,7 +25,11 @@ class ConfigurationTable;
 // repeat: what a step needs of the nodes, it needs once for each different configuration, a fraction of the
 // pieces in the samples. So the matrix c stands here as the product of two sparse ones, samples by
 // configurations and configurations by nodes, and each of the three sums goes through a table of the
-// configurations. Samples with equal pieces share a row of the first matrix.
+// configurations. Three words mean one thing each in all of this folder:
+//
+//   number   of a configuration: 0, 1, 2, ... in the order in which they first come, until all are known
+//   place    where a configuration stands in those tables from then on, frequent ones first
+//   row      of the first matrix: the pieces of a sample. Samples with equal pieces share one
 //
 // The values v(s) are those of Network::evaluate to the last bit. Whether a word is found in the evaluation
 // caches does not depend on the weights, so it is worked out once: a step rounds what a cache would have
@@ -37,17 +42,17 @@ class ConfigurationTable;
 //   accumulateGradient, set d(i), lineSearch    in every step, then change the weights along d(i)
 //   residuals                                   at any time behind updateValues
 //
-// Refers to the nodes of the row, which must neither move nor change their masks while the system exists. The set is
+// Refers to the nodes of the lists, which must neither move nor change their masks while the system exists. The set is
 // needed no more once the system stands.
 class FitSystem {
  public:
-  FitSystem(const SampleSet& set, NetworkRow& row);
+  FitSystem(const SampleSet& set, NetworkRow& lists);
 
   std::size_t sampleCount() const { return targets.size(); }
   std::size_t rowCount() const { return rows.size(); }
   std::size_t configurationCount() const { return configurations.size(); }
 
-  // The nodes of all lists of the row, kind after kind.
+  // The nodes of all lists, kind after kind.
   const std::vector<PatternNode*>& nodes() const { return allNodes; }
 
   // sum_s c(i, s)^2 for every node.
@@ -77,50 +82,51 @@ class FitSystem {
     std::optional<FiringMatrix> matrix;
   };
 
-  // A sample of a row.
-  struct Occurrence {
-    std::uint32_t sample;
-    std::uint32_t
-        misses;  // which of its pieces a pass that begins with cleared caches misses; bit 0 is the first own one
-  };
-
   void storeSamples(const SampleSet& set, ConfigurationTable& numbered);
   void placeConfigurations(const ConfigurationTable& numbered);
   void groupSamples(const std::vector<std::uint32_t>& missesOfSample,
                     const std::vector<CacheModel::LookUp>& foundAgain);
+
+  // A pass over all samples, whose pieces are missed by the caches as `missed` tells, in the order of `samples`. Calls
+  // visit(row, v, sum) for every row: its v(s) unrounded, and the sum of its samples' residuals.
   template <typename Visit>
-  void findResiduals(Visit visit);
-  double findFurtherResiduals(const SampleRows::View& row, std::span<const Occurrence> samples);
-  // Gives the residual that it stores.
-  double store(const Occurrence& occurrence, double value);
-  Residuals sumResiduals() const;
+  Residuals findResiduals(std::span<const std::uint32_t> missed, Visit visit);
+  // Those of the samples from `first` to `end`, of one row; gives their sum.
+  double findFurtherResiduals(const SampleRows::View& row, std::span<const std::uint32_t> missed,
+                              std::size_t first, std::size_t end);
+  // Stores the residual of a sample of that value, and gives it.
+  double store(std::uint32_t sample, double value);
   // F(s) for every row.
   void directionTerms();
 
-  const NetworkRow& networkRow;
+  const NetworkRow& nodeLists;
   std::vector<PatternNode*> allNodes;
   Table<Kind, pieceKindCount> kinds;
 
-  // By place.
+  // By place; in the tables of the steps one more follows, which is that of no word.
   std::vector<PieceConfiguration> configurations;
-  std::vector<double> frequencies;  // among all pieces of all samples
-  std::vector<double> values;       // the weights of its firing nodes summed up
-  std::vector<double> terms;        // what a pass collects or hands out: a share of the gradient, or a slope
+  std::vector<double> frequencies;     // among all pieces of all samples
+  std::vector<WordValue> values;       // the weights of its firing nodes summed up
+  std::vector<double> gradientShares;  // 2 r(s) summed up over its pieces, opposing ones negative
+  std::vector<double> slopeShares;     // p(i) d(i) of its firing nodes summed up
 
-  // By row.
-  struct RowTerms {
-    double value;  // v(s), unrounded
+  // v(s) of a row along a step: value + alpha * slope, without any rounding.
+  struct Line {
+    double value;
     double slope;  // F(s)
   };
-  SampleRows rows;                         // of places
+  // By row.
+  SampleRows rows;
   std::vector<std::uint32_t> repetitions;  // how many samples share it
-  std::vector<RowTerms> rowTerms;
+  std::vector<Line> lines;
 
-  // The samples of each row, row after row.
-  std::vector<Occurrence> occurrences;
+  // The samples of each row, row after row; and which of its pieces a pass that begins with cleared caches misses, bit 0
+  // being the first own one.
+  std::vector<std::uint32_t> samples;
+  std::vector<std::uint32_t> misses;
   // What a pass that begins with filled caches finds and one that begins with cleared ones misses.
   struct FoundAgain {
-    std::uint32_t occurrence;  // an index of `occurrences`
+    std::uint32_t index;  // of the sample, in `samples`
     std::uint32_t piece;
   };
   std::vector<FoundAgain> foundInFilledCaches;

@@ -54,15 +54,15 @@ double walk(const NodeList& list, ConfigurationWord word) {
 }  // namespace
 
 void sumWeightsInOrder(const NodeList& list, std::span<const PlacedWord> words, const FiringMatrix& matrix,
-                       std::span<double> byPlace) {
+                       std::span<WordValue> byPlace) {
   std::vector<double> weights;
   for (const PatternNode& node : list) weights.push_back(static_cast<double>(node.weight));
-  matrix.sumNodes(weights, byPlace);
+  matrix.sumNodes(weights, [&](std::uint32_t place, double sum) { byPlace[place] = WordValue(sum); });
   const std::vector<ConfigurationWord> roundingMasks = findRoundingMasks(list);
   if (roundingMasks.empty()) return;
   for (const PlacedWord& placed : words) {
     const auto fires = [&](ConfigurationWord mask) { return (placed.word & mask) == mask; };
-    if (std::ranges::any_of(roundingMasks, fires)) byPlace[placed.place] = walk(list, placed.word);
+    if (std::ranges::any_of(roundingMasks, fires)) byPlace[placed.place] = WordValue(walk(list, placed.word));
   }
 }
 

@@ -6,7 +6,6 @@
 
 #include "board/table.h"
 #include "learning/fit/firing_matrix.h"
-#include "learning/fit/prefetch.h"
 #include "learning/fit/word_table.h"
 
 namespace quorvane {
@@ -39,7 +38,8 @@ class WordAmounts {
       byPlace.push_back(static_cast<double>(slot.value));
     }
     FiringMatrix::sort(words);
-    FiringMatrix(list, words).addWords(byPlace, byNode);
+    byPlace.push_back(0.0);  // of no word
+    FiringMatrix(list, words, static_cast<std::uint32_t>(words.size())).addWords(byPlace, byNode);
   }
 
  private:
@@ -77,6 +77,16 @@ struct WordsOfKind {
   Table<ConfigurationWord, 2 * piecesPerSide> words;
   std::int32_t ownCount = 0;
   std::int32_t count = 0;
+
+  // Adds the amount to what every two of them have in common, or takes it away if one is own and one is not.
+  void addPairs(std::int32_t amount, WordAmounts& common) const {
+    for (std::int32_t first = 1; first < count; ++first) {
+      const bool own = first < ownCount;
+      for (std::int32_t second = 0; second < first; ++second) {
+        common.add(words[first] & words[second], own == (second < ownCount) ? amount : -amount);
+      }
+    }
+  }
 };
 
 }  // namespace
@@ -84,40 +94,27 @@ struct WordsOfKind {
 // A node fires on both of two words exactly if it fires on their common bits. So what it counts of pairs of pieces is
 // linear in the common words.
 std::vector<double> pairCounts(const SampleRows& rows, std::span<const std::uint32_t> repetitions,
-                               std::span<const PieceConfiguration> configurations,
-                               const NetworkRow& networkRow) {
+                               const std::vector<PieceConfiguration>& configurations,
+                               const NetworkRow& lists) {
   Table<WordAmounts, pieceKindCount> common;
   for (std::size_t row = 0; row < rows.size(); ++row) {
     Table<WordsOfKind, pieceKindCount> kinds;
-    for (const std::uint32_t& number : rows[row].ownList) {
-      prefetch(&configurations[*(&number + SampleRows::lookAhead)]);
-      WordsOfKind& kind = kinds[configurations[number].kind];
-      kind.words[kind.count++] = configurations[number].word;
-      kind.ownCount = kind.count;
-    }
-    for (const std::uint32_t& number : rows[row].opposingList) {
-      prefetch(&configurations[*(&number + SampleRows::lookAhead)]);
-      WordsOfKind& kind = kinds[configurations[number].kind];
-      kind.words[kind.count++] = configurations[number].word;
-    }
+    const auto add = [&](std::uint32_t place) -> WordsOfKind& {
+      WordsOfKind& kind = kinds[configurations[place].kind];
+      kind.words[kind.count++] = configurations[place].word;
+      return kind;
+    };
+    rows[row].ownList.forEachAhead(configurations, [&](std::uint32_t place) { ++add(place).ownCount; });
+    rows[row].opposingList.forEachAhead(configurations, add);
     const auto twice = static_cast<std::int32_t>(2 * repetitions[row]);
-    for (std::int32_t number = 0; number < pieceKindCount; ++number) {
-      const WordsOfKind& kind = kinds[number];
-      for (std::int32_t first = 1; first < kind.count; ++first) {
-        const bool own = first < kind.ownCount;
-        for (std::int32_t second = 0; second < first; ++second) {
-          common[number].add(kind.words[first] & kind.words[second],
-                             own == (second < kind.ownCount) ? twice : -twice);
-        }
-      }
-    }
+    for (std::int32_t kind = 0; kind < pieceKindCount; ++kind) kinds[kind].addPairs(twice, common[kind]);
   }
 
   std::vector<double> counts;
   for (std::int32_t kind = 0; kind < pieceKindCount; ++kind) {
     const std::size_t first = counts.size();
-    counts.resize(first + networkRow[kind].size());
-    common[kind].addTo(networkRow[kind], std::span(counts).subspan(first));
+    counts.resize(first + lists[kind].size());
+    common[kind].addTo(lists[kind], std::span(counts).subspan(first));
   }
   return counts;
 }

@@ -1,8 +1,9 @@
 #include "learning/fit/sample_rows.h"
 
 #include <algorithm>
+#include <cassert>
 
-#include "learning/fit/prefetch.h"
+#include "board/types.h"
 
 namespace quorvane {
 
@@ -26,55 +27,36 @@ std::uint32_t hashOf(std::span<const std::uint32_t> ownList, std::span<const std
 
 }  // namespace
 
-bool SampleRows::holds(std::uint32_t row, std::span<const std::uint32_t> ownList,
-                       std::span<const std::uint32_t> opposingList) const {
-  const View view = (*this)[row];
-  return std::ranges::equal(view.ownList, ownList) && std::ranges::equal(view.opposingList, opposingList);
-}
-
-void SampleRows::grow() {
-  constexpr std::size_t smallest = 1024;
-  std::vector<Slot> larger(slots.empty() ? smallest : 2 * slots.size());
-  for (const Slot& slot : slots) {
-    if (slot.row == noRow) continue;
-    std::size_t index = slot.hash & (larger.size() - 1);
-    while (larger[index].row != noRow) index = (index + 1) & (larger.size() - 1);
-    larger[index] = slot;
-  }
-  slots = std::move(larger);
-}
-
 std::uint32_t SampleRows::announce(std::span<const std::uint32_t> ownList,
                                    std::span<const std::uint32_t> opposingList) const {
   const std::uint32_t hash = hashOf(ownList, opposingList);
-  if (!slots.empty()) prefetch(&slots[hash & (slots.size() - 1)]);
+  rowsByHash.prefetchSlotOf(hash);
   return hash;
 }
 
-std::uint32_t SampleRows::numberOf(std::span<const std::uint32_t> ownList,
-                                   std::span<const std::uint32_t> opposingList, std::uint32_t hash) {
-  if (2 * size() >= slots.size()) grow();
-  std::size_t index = hash & (slots.size() - 1);
-  for (; slots[index].row != noRow; index = (index + 1) & (slots.size() - 1)) {
-    if (slots[index].hash == hash && holds(slots[index].row, ownList, opposingList)) return slots[index].row;
-  }
+std::uint32_t SampleRows::indexOf(std::span<const std::uint32_t> ownList,
+                                  std::span<const std::uint32_t> opposingList, std::uint32_t hash) {
+  assert(ownList.size() <= piecesPerSide && opposingList.size() <= piecesPerSide);
+  const auto holds = [&](std::uint32_t row) {
+    const View view = (*this)[row];
+    return std::ranges::equal(view.ownList, ownList) && std::ranges::equal(view.opposingList, opposingList);
+  };
+  auto& slot = rowsByHash.slotOf(hash, holds);
+  if (!slot.isFree()) return slot.value;
   const auto row = static_cast<std::uint32_t>(size());
-  slots[index] = {row, hash};
-  numbers.insert(numbers.end(), ownList.begin(), ownList.end());
-  numbers.insert(numbers.end(), opposingList.begin(), opposingList.end());
-  ends.push_back(numbers.size());
+  slot = {hash, row};
+  rowsByHash.filled();
+  pieces.insert(pieces.end(), ownList.begin(), ownList.end());
+  pieces.insert(pieces.end(), opposingList.begin(), opposingList.end());
+  ends.push_back(pieces.size());
   ownCounts.push_back(static_cast<std::uint8_t>(ownList.size()));
   return row;
 }
 
-void SampleRows::finish() {
-  slots = {};
-  numbers.resize(numbers.size() + lookAhead);
-}
-
-void SampleRows::renumber(const std::vector<std::uint32_t>& newNumbers) {
-  if (ends.empty()) return;
-  for (std::uint32_t& number : std::span(numbers).first(ends.back())) number = newNumbers[number];
+void SampleRows::place(const std::vector<std::uint32_t>& places) {
+  assert(pieces.size() == (ends.empty() ? 0 : ends.back()));
+  for (std::uint32_t& piece : pieces) piece = places[piece];
+  pieces.resize(pieces.size() + lookAhead);
 }
 
 }  // namespace quorvane

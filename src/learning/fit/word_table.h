@@ -26,15 +26,20 @@ class WordTable {
   // The slot of the word, or the free one where it belongs. Whoever gives that one a word and a value must say so by
   // `filled`. Valid until then.
   Slot& slotOf(ConfigurationWord word) {
+    return slotOf(word, [](const Value&) { return true; });
+  }
+  // The same where several values may have one word: the slot with a value of which isSame says that it is the one.
+  template <typename IsSame>
+  Slot& slotOf(ConfigurationWord word, IsSame isSame) {
     if (slots.empty()) slots.resize(smallestSize);
-    return slotIn(slots, word);
+    return slotIn(slots, word, isSame);
   }
   // One more slot is in use. Moves the slots now and then, so that at most three quarters of them are.
   void filled() {
     if (4 * ++used < 3 * slots.size()) return;
     std::vector<Slot> larger(2 * slots.size());
     for (const Slot& slot : slots) {
-      if (!slot.isFree()) slotIn(larger, slot.word) = slot;
+      if (!slot.isFree()) slotIn(larger, slot.word, [](const Value&) { return false; }) = slot;
     }
     slots = std::move(larger);
   }
@@ -54,9 +59,12 @@ class WordTable {
     // Fibonacci hashing: the upper half of the product depends on every bit of the word.
     return static_cast<std::size_t>((word * 0x9e3779b97f4a7c15U) >> 32) & (size - 1);
   }
-  static Slot& slotIn(std::vector<Slot>& table, ConfigurationWord word) {
+  template <typename IsSame>
+  static Slot& slotIn(std::vector<Slot>& table, ConfigurationWord word, IsSame isSame) {
     std::size_t index = indexOf(word, table.size());
-    while (!table[index].isFree() && table[index].word != word) index = (index + 1) & (table.size() - 1);
+    while (!table[index].isFree() && !(table[index].word == word && isSame(table[index].value))) {
+      index = (index + 1) & (table.size() - 1);
+    }
     return table[index];
   }
 
