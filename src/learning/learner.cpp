@@ -1,5 +1,7 @@
 #include "learning/learner.h"
 
+#include <cassert>
+
 namespace quorvane {
 
 Learner::Learner() {
@@ -11,6 +13,7 @@ Learner::~Learner() {
 }
 
 void Learner::use(PositionType type) {
+  assert(type >= 0 && type < positionTypeCount);
   currentSet = &sampleSets[type];
   network.classifyPosition(type, true);
 }

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <bit>
+#include <cassert>
 
 #include "learning/sample_walk.h"
 
@@ -60,6 +61,7 @@ std::uint32_t* SampleSet::recordStart() {
 
 void SampleSet::append(std::span<const PieceConfiguration> ownList,
                        std::span<const PieceConfiguration> opposingList, std::int32_t target) {
+  assert(ownList.size() <= piecesPerSide && opposingList.size() <= piecesPerSide);
   Row row;
   std::fill(std::ranges::transform(ownList, row.begin(), packed).out, row.begin() + piecesPerSide, noPiece);
   std::fill(std::ranges::transform(opposingList, row.begin() + piecesPerSide, packed).out, row.end(),
@@ -100,6 +102,7 @@ void SampleSet::append(std::span<const PieceConfiguration> ownList,
 }
 
 Sample SampleSet::sample(std::size_t index) const {
+  assert(index < size());
   SampleWalk walk(*this);
   for (std::size_t read = 0; read <= index; ++read) walk.next();
   const auto copy = [](std::span<const PieceConfiguration> list) {

@@ -1,3 +1,5 @@
+#include <cassert>
+
 #include "board/piece.h"
 #include "board/ring.h"
 #include "configurations/position_type.h"
@@ -6,6 +8,7 @@
 namespace quorvane {
 
 PositionType Network::classifyPosition(PositionType requested, bool clear) {
+  assert(requested >= classifyBoard && requested < positionTypeCount);
   positionType = requested;
   if (requested == classifyBoard) {
     const auto count = [](Side side) {

@@ -1,6 +1,7 @@
 #include <fstream>
 #include <iostream>
 
+#include "files/replace_file.h"
 #include "network/network.h"
 #include "network/network_file.h"
 
@@ -15,6 +16,13 @@ void Network::loadNetwork() {
   const NetworkFlaw flaw = decodeNetwork(file, networkTable);
   if (flaw.kind == NetworkFlaw::noVersion || flaw.kind == NetworkFlaw::wrongVersion) {
     std::cout << "Error: wrong version of the network.dat file!\n";
+  }
+}
+
+// Where there is no room the old file stays, and the next save tries again.
+void Network::saveNetwork() {
+  if (replaceFile(networkFileName, encodeNetwork(networkTable)) == Saved::notWritable) {
+    std::cout << "Error: network.dat file not found.\n";
   }
 }
 
