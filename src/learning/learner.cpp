@@ -1,5 +1,7 @@
 #include "learning/learner.h"
 
+#include <cassert>
+
 namespace quorvane {
 
 Learner::Learner() {
@@ -20,6 +22,7 @@ bool Learner::foundPatterns() {
 }
 
 void Learner::use(PositionType type) {
+  assert(type >= 0 && type < positionTypeCount);
   currentSet = &sampleSets[type];
   network.classifyPosition(type, true);
 }

@@ -55,7 +55,7 @@ class Learner : public Board {
   void searchPatterns(std::int32_t depth);
   // Extends a pattern by `bit`: if that is frequent among the pieces on which the pattern fires, appends it
   // to the list of `kind`, and behind it what is frequent of its own extensions by higher bits, `depth`
-  // levels down. Gives how many nodes it has appended.
+  // levels down. Gives how many nodes it has appended. REQUIRES: the bit is above all of the pattern.
   std::int32_t searchNode(PieceKind kind, const DrawnPieces& parentPieces, ConfigurationWord parentMask,
                           std::int32_t bit, std::int32_t depth);
 

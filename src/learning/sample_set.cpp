@@ -107,6 +107,7 @@ void SampleSet::append(std::span<const PieceConfiguration> ownList,
 }
 
 Sample SampleSet::sample(std::size_t index) const {
+  assert(index < size());
   SampleWalk walk(*this);
   for (std::size_t read = 0; read <= index; ++read) walk.next();
   const auto copy = [](std::span<const PieceConfiguration> list) {

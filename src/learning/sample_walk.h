@@ -1,6 +1,7 @@
 #ifndef QUORVANE_LEARNING_SAMPLE_WALK_H_
 #define QUORVANE_LEARNING_SAMPLE_WALK_H_
 
+#include <cassert>
 #include <cstdint>
 #include <span>
 
@@ -27,7 +28,10 @@ class SampleWalk {
     return {row().pieces.begin() + piecesPerSide, row().opposingCount};
   }
   // The one at that seat, which must be one of these.
-  const PieceConfiguration& piece(std::int32_t seat) const { return row().pieces[seat]; }
+  const PieceConfiguration& piece(std::int32_t seat) const {
+    assert(row().pieces[seat].kind != emptyKind);
+    return row().pieces[seat];
+  }
   std::int32_t target() const { return presentTarget; }
 
   // The seats at which the present sample may differ from the one before the last, as a set; and whose turn it is of the

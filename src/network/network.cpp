@@ -1,5 +1,7 @@
 #include "network/network.h"
 
+#include <cassert>
+
 #include "network/network_file.h"
 
 namespace quorvane {
@@ -20,6 +22,7 @@ Network::Network() : Network(TableAsItStands{}) {
 double Network::evaluateList(const std::vector<PieceConfiguration>& list,
                              Table<EvalCache, pieceKindCount>& caches, double sign, double value) const {
   for (const PieceConfiguration& piece : list) {
+    assert(piece.kind < pieceKindCount);
     CacheEntry& entry = caches[piece.kind].entryFor(piece.word);
     if (entry.word == piece.word) {
       value += static_cast<double>(entry.value);
@@ -61,7 +64,9 @@ std::int32_t Network::appendNode(PieceKind kind) {
 }
 
 PatternNode& Network::nodeAt(PieceKind kind, std::int32_t index) {
-  return (*currentLists)[kind][static_cast<std::size_t>(index)];
+  NodeList& list = (*currentLists)[kind];
+  assert(index >= 0 && static_cast<std::size_t>(index) < list.size());
+  return list[static_cast<std::size_t>(index)];
 }
 
 }  // namespace quorvane

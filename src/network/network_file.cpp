@@ -2,6 +2,7 @@
 
 #include <array>
 #include <bit>
+#include <cassert>
 
 namespace quorvane {
 
@@ -53,6 +54,7 @@ std::string encodeNetwork(const NetworkTable& table) {
       append(bytes, {controlRecord, selectType, type});
       for (const PatternNode& node :
            table[static_cast<PositionType>(type)][static_cast<std::int32_t>(kind)]) {
+        assert(node.mask != controlRecord);
         append(bytes, {node.mask, node.childBits, std::bit_cast<std::uint32_t>(node.weight),
                        static_cast<std::uint32_t>(node.skip)});
       }

@@ -22,7 +22,7 @@ namespace quorvane {
 inline constexpr char networkFileName[] = "network.dat";
 inline constexpr std::uint32_t networkFileVersion = 1;
 
-// The bytes of the whole file.
+// The bytes of the whole file. REQUIRES: no mask is 0.
 std::string encodeNetwork(const NetworkTable& table);
 
 // What a file has that no written one has.

@@ -15,24 +15,23 @@ namespace quorvane {
 
 namespace {
 
+// By NetworkFlaw::Kind: what stands before its value, and behind it.
+struct FlawText {
+  const char* before;
+  const char* behind;
+};
+constexpr FlawText flawTexts[] = {{"", ""},
+                                  {"is cut short at byte ", ""},
+                                  {"is no network file of version ", ""},
+                                  {"is cut short at byte ", ""},
+                                  {"holds a control record of the unknown code ", ""},
+                                  {"selects the piece kind ", ", which does not exist"},
+                                  {"selects the position type ", ", which does not exist"}};
+
 std::string textOf(const NetworkFlaw& flaw) {
-  const std::string value = std::to_string(flaw.value);
-  switch (flaw.kind) {
-    case NetworkFlaw::wrongVersion:
-      return "is no network file of version " + std::to_string(networkFileVersion);
-    case NetworkFlaw::noVersion:
-    case NetworkFlaw::cutShort:
-      return "is cut short at byte " + value;
-    case NetworkFlaw::unknownCode:
-      return "holds a control record of the unknown code " + value;
-    case NetworkFlaw::unknownKind:
-      return "selects the piece kind " + value + ", which does not exist";
-    case NetworkFlaw::unknownType:
-      return "selects the position type " + value + ", which does not exist";
-    case NetworkFlaw::none:
-      break;
-  }
-  return "";
+  const FlawText& text = flawTexts[flaw.kind];
+  const std::uint64_t value = flaw.kind == NetworkFlaw::wrongVersion ? networkFileVersion : flaw.value;
+  return text.before + std::to_string(value) + text.behind;
 }
 
 // What is wrong with a node, if anything; `limit` is how many nodes its subtree may have, and every bit of

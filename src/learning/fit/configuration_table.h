@@ -1,6 +1,7 @@
 #ifndef QUORVANE_LEARNING_FIT_CONFIGURATION_TABLE_H_
 #define QUORVANE_LEARNING_FIT_CONFIGURATION_TABLE_H_
 
+#include <cassert>
 #include <cstdint>
 #include <vector>
 
@@ -21,6 +22,7 @@ class ConfigurationTable {
     wordsByKind[configuration.kind].prefetchSlotOf(configuration.word);
   }
   std::uint32_t numberOf(const PieceConfiguration& configuration) {
+    assert(size() < noNumber);
     Words& words = wordsByKind[configuration.kind];
     Words::Slot& slot = words.slotOf(configuration.word);
     if (!slot.isFree()) return slot.value;
@@ -31,7 +33,10 @@ class ConfigurationTable {
     return number;
   }
 
-  const PieceConfiguration& operator[](std::uint32_t number) const { return configurations[number]; }
+  const PieceConfiguration& operator[](std::uint32_t number) const {
+    assert(number < size());
+    return configurations[number];
+  }
   std::size_t size() const { return configurations.size(); }
 
  private:

@@ -32,12 +32,15 @@
 // g(i), F(s) and the v(s) of the line search are regrouped (FitSystem). So the weights are the same everywhere, bit
 // for bit.
 
+#include <cassert>
+
 #include "learning/fit/fit_system.h"
 #include "network/network.h"
 
 namespace quorvane {
 
 Residuals Network::buildPreconditioner(FitSystem& system) {
+  assert(&system.lists() == currentLists);
   const std::vector<double> squares = system.accumulateCounts();
   for (std::size_t i = 0; i < squares.size(); ++i) {
     PatternNode& node = *system.nodes()[i];
@@ -61,6 +64,7 @@ Residuals Network::buildPreconditioner(FitSystem& system) {
 }
 
 Residuals Network::conjugateStep(FitSystem& system, bool reportOnly) {
+  assert(&system.lists() == currentLists);
   if (reportOnly) return system.residuals(FitSystem::Caches::filledByPassBefore);
   const Residuals residuals = system.accumulateGradient();
   double norm = 0.0;

@@ -70,6 +70,7 @@ void FiringMatrix::sort(std::vector<PlacedWord>& words) {
 FiringMatrix::FiringMatrix(const NodeList& list, std::span<const PlacedWord> words, std::uint32_t noWord)
     : sparePlace(noWord) {
   assert(list.size() < std::numeric_limits<Index>::max());
+  assert(std::ranges::none_of(words, [&](const PlacedWord& word) { return word.place == noWord; }));
   assert(std::ranges::is_sorted(words, {}, [](const PlacedWord& word) { return sortKey(word.word); }));
   const auto lowParts = differentValues(list, [](const PatternNode& node) { return lowOf(node.mask); });
   const auto highParts = differentValues(list, [](const PatternNode& node) { return highOf(node.mask); });
@@ -174,6 +175,7 @@ void FiringMatrix::sumHighParts(std::size_t highHalf, std::span<const double> by
 }
 
 void FiringMatrix::addWords(std::span<const double> byPlace, std::span<double> byNode) const {
+  assert(lowHalves.empty() || byPlace[sparePlace] == 0.0);
   std::vector<double> ofPrefix(lowHalves.size());
   std::vector<double> byLowPart(lowPartCount + 1);
   double belowDepth[lowHalfBits + 2] = {};  // what the prefixes of a depth have handed down to their parent

@@ -2,7 +2,9 @@
 
 #include <algorithm>
 #include <bit>
+#include <cassert>
 #include <functional>
+#include <limits>
 #include <memory>
 #include <numeric>
 
@@ -70,6 +72,7 @@ FitSystem::FitSystem(const SampleSet& set, NetworkRow& lists) : nodeLists(lists)
     kinds[kind].firstNode = allNodes.size();
     for (PatternNode& node : lists[kind]) allNodes.push_back(&node);
   }
+  assert(set.size() < std::numeric_limits<std::uint32_t>::max());
   ConfigurationTable numbered;
   storeSamples(set, numbered);
   placeConfigurations(numbered);

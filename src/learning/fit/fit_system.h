@@ -37,7 +37,7 @@ class ConfigurationTable;
 //
 // The calls of a fit, in this order:
 //
-//   accumulateCounts                            once, for p(i)
+//   accumulateCounts                            for p(i)
 //   updateValues                                behind every change of weights, the first clearing included
 //   accumulateGradient, set d(i), lineSearch    in every step, then change the weights along d(i)
 //   residuals                                   at any time behind updateValues
@@ -52,6 +52,7 @@ class FitSystem {
   std::size_t rowCount() const { return rows.size(); }
   std::size_t configurationCount() const { return configurations.size(); }
 
+  const NetworkRow& lists() const { return nodeLists; }
   // The nodes of all lists, kind after kind.
   const std::vector<PatternNode*>& nodes() const { return allNodes; }
 

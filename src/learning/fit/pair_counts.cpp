@@ -1,5 +1,6 @@
 #include "learning/fit/pair_counts.h"
 
+#include <cassert>
 #include <cstdlib>
 #include <limits>
 #include <utility>
@@ -96,6 +97,7 @@ struct WordsOfKind {
 std::vector<double> pairCounts(const SampleRows& rows, std::span<const std::uint32_t> repetitions,
                                const std::vector<PieceConfiguration>& configurations,
                                const NetworkRow& lists) {
+  assert(repetitions.size() == rows.size());
   Table<WordAmounts, pieceKindCount> common;
   for (std::size_t row = 0; row < rows.size(); ++row) {
     Table<WordsOfKind, pieceKindCount> kinds;

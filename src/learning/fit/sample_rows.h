@@ -2,6 +2,7 @@
 #define QUORVANE_LEARNING_FIT_SAMPLE_ROWS_H_
 
 #include <algorithm>
+#include <cassert>
 #include <cstdint>
 #include <span>
 #include <vector>
@@ -70,6 +71,7 @@ class SampleRows {
 
   // The sum of the row's own pieces in a table by place minus that of its opposing ones. REQUIRES: place() has run.
   double difference(std::size_t row, const std::vector<double>& table) const {
+    assert(pieces.size() == ends.back() + lookAhead);
     const auto [own, opposing] = (*this)[row];
     double ownSum = 0.0;
     double opposingSum = 0.0;

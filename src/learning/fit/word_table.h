@@ -1,6 +1,7 @@
 #ifndef QUORVANE_LEARNING_FIT_WORD_TABLE_H_
 #define QUORVANE_LEARNING_FIT_WORD_TABLE_H_
 
+#include <cassert>
 #include <cstddef>
 #include <cstdint>
 #include <utility>
@@ -36,6 +37,7 @@ class WordTable {
   }
   // One more slot is in use. Moves the slots now and then, so that at most three quarters of them are.
   void filled() {
+    assert(used < slots.size());
     if (4 * ++used < 3 * slots.size()) return;
     std::vector<Slot> larger(2 * slots.size());
     for (const Slot& slot : slots) {

@@ -1,6 +1,7 @@
 #include "learning/search/drawn_pieces.h"
 
 #include <algorithm>
+#include <cassert>
 #include <cstdlib>
 
 #include "learning/sample_walk.h"
@@ -27,6 +28,7 @@ class SamplePicker {
 }  // namespace
 
 void DrawnPieces::add(ConfigurationWord word, std::int32_t draw, std::int32_t sign) {
+  assert((sign == 1 || sign == -1) && (pieces.empty() || pieces.back().draw <= draw));
   pieces.push_back({word, static_cast<std::int16_t>(draw), static_cast<std::int16_t>(sign)});
   bits |= word;
 }
@@ -64,6 +66,7 @@ DrawnPieces DrawnPieces::with(ConfigurationWord bit) const {
 }
 
 Table<DrawnPieces, pieceKindCount> drawPieces(const SampleSet& set, std::int32_t tries) {
+  assert(tries >= 0 && tries <= 1 << 15);
   Table<DrawnPieces, pieceKindCount> drawn;
   if (set.empty()) return drawn;
   struct Draw {

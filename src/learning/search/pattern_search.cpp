@@ -1,3 +1,4 @@
+#include <cassert>
 #include <iostream>
 
 #include "configurations/configuration_word.h"
@@ -36,6 +37,7 @@ void Learner::searchPatterns(std::int32_t depth) {
 
 std::int32_t Learner::searchNode(PieceKind kind, const DrawnPieces& parentPieces,
                                  ConfigurationWord parentMask, std::int32_t bit, std::int32_t depth) {
+  assert(parentMask < configurationBit(bit) && depth >= 0 && depth <= searchDepth);
   if (!parentPieces.isFrequent(frequencyThreshold, configurationBit(bit))) return 0;
   const ConfigurationWord mask = parentMask | configurationBit(bit);
   const std::int32_t index = network.appendNode(kind);

@@ -1,3 +1,4 @@
+#include <fstream>
 #include <iostream>
 
 #include "files/file_name.h"
@@ -6,6 +7,18 @@
 #include "network/network_file.h"
 
 namespace quorvane {
+
+void Network::loadNetwork() {
+  std::ifstream file(pathOf(fileInUse), std::ios::binary);
+  if (!file) {
+    std::cout << "Error: " << fileInUse << " file not found!\n";
+    return;
+  }
+  const NetworkFlaw flaw = decodeNetwork(file, networkTable);
+  if (flaw.kind == NetworkFlaw::noVersion || flaw.kind == NetworkFlaw::wrongVersion) {
+    std::cout << "Error: wrong version of the " << fileInUse << " file!\n";
+  }
+}
 
 // Where there is no room the old file stays, and the next save tries again.
 Saved Network::saveNetwork() {
