@@ -4,7 +4,7 @@
 #include <string_view>
 
 #include "files/file_name.h"
-#include "pgn/pgn_scanner.h"
+#include "pgn/token_reader.h"
 
 namespace quorvane {
 
@@ -23,41 +23,6 @@ bool readStart(PgnGame& game, std::string_view fenTag) {
   return false;
 }
 
-bool isDigit(char character) {
-  return character >= '0' && character <= '9';
-}
-
-// One token, of which `first` has been read, into the open string.
-void readToken(PgnScanner& scanner, char first, TextBuilder& token) {
-  token.add(first);
-  const auto readBracketed = [&](char end) {
-    scanner.readUpTo(end, token);
-    token.add(end);
-  };
-  switch (first) {
-    case '(':
-      return readBracketed(')');
-    case '{':
-      return readBracketed('}');
-    case '<':
-      return readBracketed('>');
-    case '*':
-      return;
-    default:
-      break;
-  }
-  if (!isDigit(first)) return scanner.readWord(token);
-
-  const char second = scanner.readCharacter();
-  if (scanner.ended()) return;
-  token.add(second);
-  if (isDigit(second)) {
-    scanner.readUpTo('.', token);
-  } else if (second != '.') {
-    scanner.readWord(token);
-  }
-}
-
 }  // namespace
 
 void PgnDatabase::load(const std::string& name) {
@@ -69,28 +34,22 @@ void PgnDatabase::load(const std::string& name) {
 }
 
 void PgnDatabase::load(std::istream& file) {
-  PgnScanner scanner(file);
+  TokenReader reader(file);
   PgnGame usualStart;
   readStart(usualStart, usualStartTag);
   TextBuilder tags;
   TextBuilder tokens;
-
-  char first = scanner.readCharacter();
-  while (!scanner.ended()) {
+  while (!reader.ended()) {
     PgnGame& game = games.emplace_back();
     bool hasFen = false;
     tags.clear();
-    for (; first == '[' && !scanner.ended(); first = scanner.readCharacter()) {
-      scanner.readUpTo(']', tags);
-      tags.close();
+    while (reader.atTag()) {
+      reader.readTag(tags);
       if (isFenTag(tags.back())) hasFen = readStart(game, tags.back());
     }
     if (!hasFen) game = usualStart;
     tokens.clear();
-    for (; first != '[' && !scanner.ended(); first = scanner.readCharacter()) {
-      readToken(scanner, first, tokens);
-      tokens.close();
-    }
+    reader.readTokens(tokens);
     game.tags = texts.keep(tags);
     game.tokens = texts.keep(tokens);
   }

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <optional>
+#include <sstream>
 #include <string_view>
 #include <utility>
 #include <vector>
@@ -10,11 +11,11 @@
 #include "board/ring.h"
 #include "inspect/annotate/eval_comment.h"
 #include "inspect/annotate/pawn_scale.h"
-#include "inspect/annotate/token_places.h"
 #include "inspect/common/game_files.h"
 #include "inspect/position/piece_worth.h"
 #include "inspect/position/position.h"
 #include "network/network.h"
+#include "pgn/token_reader.h"
 
 namespace quorvane::inspect {
 
@@ -50,16 +51,11 @@ struct ValuedMove {
 
 class Annotator : public Position {
  public:
-  Annotator(std::string_view source, const Calibration& curves)
-      : text(source), calibration(curves), places(source), copy(source) {}
+  Annotator(std::stringstream& source, const Calibration& curves)
+      : text(source.view()), calibration(curves), reader(source), copy(text) {}
 
   void addGame(std::int32_t number, PgnGame& game) {
-    places.passTags(game.tags);
-    std::vector<TokenPlace> tokens;
-    tokens.reserve(game.tokens.size());
-    for (std::size_t index = 0; index < game.tokens.size(); ++index) {
-      tokens.push_back(places.next(game.tokens[index]));
-    }
+    const std::vector<TokenPlace> tokens = readPlaces();
     const GameVerdict verdict = judgeMoves(game);
     if (verdict.oddity != Oddity::none) {
       GamesLeft& left = tally.left[verdict.oddity];
@@ -79,6 +75,15 @@ class Annotator : public Position {
   Annotation finish() { return {copy.finish(), std::move(tally)}; }
 
  private:
+  // Of the next game's tokens, read once more.
+  std::vector<TokenPlace> readPlaces() {
+    TextBuilder ignored;
+    while (reader.atTag()) reader.readTag(ignored);
+    std::vector<TokenPlace> places;
+    reader.readTokens(ignored, places);
+    return places;
+  }
+
   // All moves of a game of which all can be played.
   std::vector<ValuedMove> valuedMoves(PgnGame& game) {
     std::vector<ValuedMove> moves;
@@ -130,7 +135,7 @@ class Annotator : public Position {
 
   std::string_view text;
   const Calibration& calibration;
-  TokenPlaces places;
+  TokenReader reader;
   ChangedCopy copy;
   AnnotationTally tally;
   Network classifier{Network::TableAsItStands{}};

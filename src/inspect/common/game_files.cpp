@@ -2,8 +2,6 @@
 
 #include <filesystem>
 #include <fstream>
-#include <sstream>
-#include <utility>
 
 #include "files/file_name.h"
 #include "inspect/common/fault.h"
@@ -68,12 +66,12 @@ PgnDatabase loadGames(const std::string& fileName) {
 }
 
 GameText loadGameText(const std::string& fileName) {
-  std::stringstream bytes;
-  bytes << open(fileName).rdbuf();
-  bytes.clear();  // an empty file is no failure
   GameText text;
-  text.database.load(bytes);
-  text.bytes = std::move(bytes).str();
+  text.bytes << open(fileName).rdbuf();
+  text.bytes.clear();  // an empty file is no failure
+  text.database.load(text.bytes);
+  text.bytes.clear();
+  text.bytes.seekg(0);
   refuseWithoutGames(text.database, fileName);
   return text;
 }

@@ -2,6 +2,7 @@
 #define QUORVANE_INSPECT_COMMON_GAME_FILES_H_
 
 #include <cstdint>
+#include <sstream>
 #include <string>
 
 #include "pgn/pgn_database.h"
@@ -17,7 +18,7 @@ PgnDatabase loadGames(const std::string& fileName);
 
 // The bytes of a file, and the games that the utility makes of them.
 struct GameText {
-  std::string bytes;
+  std::stringstream bytes;  // at their beginning
   PgnDatabase database;
 };
 
