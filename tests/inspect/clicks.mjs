@@ -7,8 +7,12 @@ const all = (selector) => [...document.querySelectorAll(selector)];
 const rounded = (text) => text.replace(/-?\d+\.\d+/g, (number) => String(Math.round(Number(number)) || 0));
 const attributes = (shape) => [...shape.attributes].map(({ name, value }) => `${name}=${value}`);
 const graphic = (svg) =>
-  [...svg.children].map((shape) => rounded([shape.tagName, ...attributes(shape), shape.textContent].join(" ")));
-const titles = (element) => [...element.querySelectorAll("[title]")].map(({ title }) => ` [${title}]`).join("");
+  [...svg.children].map((shape) => rounded([shape.tagName, ...attributes(shape), shape.textContent].join(" ").trim()));
+// What people see of it though it is no text: titles, and the lengths of bars.
+const titles = (element) =>
+  [...element.querySelectorAll("[title], i[style]")]
+    .map((one) => ` [${[one.title, rounded(one.getAttribute("style") ?? "")].filter(Boolean).join("; ")}]`)
+    .join("");
 const withTitles = (cell) => cell.textContent + (cell.title && ` [${cell.title}]`) + titles(cell);
 const row = (tr) => [...tr.cells].map(withTitles).join(" | ");
 const square = (cell) =>
