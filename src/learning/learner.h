@@ -38,7 +38,6 @@ class Learner : public Board {
   // The same, with somebody else to tell how it goes.
   Saved fitAllWeights(FitProgress& progress);
 
-
  protected:
   // Takes the type for the one in use: its set as `currentSet`, its row in the network, with clear caches.
   void use(PositionType type);

@@ -63,11 +63,6 @@ run 'folders and missing files' 0
 printf %s "$game" >games.pgn
 { repeat x 3000000; printf '\n'; head -c 300000 /dev/urandom | tr '\n' x; printf '\ngames.pgn\nno'; } >answers
 run 'answers of megabytes' 1
-printf 'games.pgn' >answers
-run 'input that ends at the second prompt' 1
-: >answers
-run 'input that ends at the first prompt' -
-cmp -s network.dat special || fail 'network.dat was written'
 
 # Whoever reads the output, the same is learned.
 printf '%s\n' games.pgn games.pgn no >answers

@@ -52,10 +52,9 @@ if [ -n "$inspect" ]; then
   offered '' explain --ply ''
 fi
 offered $'b.PGN\nmore games\nmy games.pgn' games ''
-offered $'more games\nnetwork.dat' show ''
 offered $'more games\nmy games.pgn' report -o r.html --validate b.PGN m
 offered $'c.json\nmore games' validate b.PGN --curves ''
 offered notes.txt games notes
-offered 'my games.pgn' compare network.dat network.dat my
+offered 'network.dat' compare n
 
 [ ! -e failures ]
