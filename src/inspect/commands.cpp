@@ -60,8 +60,9 @@ std::vector<std::string> inputsOf(const Arguments& arguments) {
 }
 
 // The calibration of the network table: the file named, or else the one beside the network, if there is one.
-std::optional<Calibration> findCalibration(const std::string& named, const std::string& network) {
-  const std::string fingerprint = fingerprintOf(networkTable);
+std::optional<Calibration> findCalibration(const std::string& named, const std::string& network,
+                                           const NetworkTable& table) {
+  const std::string fingerprint = fingerprintOf(table);
   if (!named.empty()) return readCalibration(named, fingerprint);
   const std::string beside = defaultCalibrationFile(network);
   if (!std::filesystem::exists(pathOf(beside))) return {};
@@ -79,12 +80,12 @@ std::string howToCalibrate(const std::string& network) {
 }
 
 // As findCalibration, but a Fault where there is none that can be used.
-Calibration needCalibration(const std::string& named, const std::string& network) {
+Calibration needCalibration(const std::string& named, const std::string& network, const NetworkTable& table) {
   const std::string beside = defaultCalibrationFile(network);
   if (named.empty() && !std::filesystem::exists(pathOf(beside))) {
     throw Fault(network, "has no calibration; make one with: " + howToCalibrate(network));
   }
-  return readCalibration(named.empty() ? beside : named, fingerprintOf(networkTable));
+  return readCalibration(named.empty() ? beside : named, fingerprintOf(table));
 }
 
 const Calibration* pointerTo(const std::optional<Calibration>& calibration) {
@@ -96,7 +97,8 @@ Position::Rules rulesOf(const Arguments& arguments) {
 }
 
 // A line of JSON for each line of the input. Throws at the end if any was refused.
-void explainLines(std::istream& input, const Arguments& arguments, const Calibration* calibration) {
+void explainLines(std::istream& input, const Arguments& arguments, const NetworkTable& table,
+                  const Calibration* calibration) {
   std::size_t lines = 0;
   std::size_t refused = 0;
   for (std::string fen; std::getline(input, fen); ++lines) {
@@ -104,7 +106,7 @@ void explainLines(std::istream& input, const Arguments& arguments, const Calibra
     Json json;
     try {
       Position::setFen(fen, rulesOf(arguments));
-      json = valueJson(fen, explainPosition(), calibration);
+      json = valueJson(fen, explainPosition(table), calibration);
     } catch (const Fault& fault) {
       json = {{"fen", fen}, {"error", fault.what()}};
       ++refused;
@@ -117,19 +119,12 @@ void explainLines(std::istream& input, const Arguments& arguments, const Calibra
   }
 }
 
-void explainAll(const Arguments& arguments, const Calibration* calibration) {
-  if (arguments.fens == "-") return explainLines(std::cin, arguments, calibration);
+void explainAll(const Arguments& arguments, const NetworkTable& table, const Calibration* calibration) {
+  if (arguments.fens == "-") return explainLines(std::cin, arguments, table, calibration);
   const std::filesystem::path path = pathOf(arguments.fens);
   std::ifstream file(path, std::ios::binary);
   if (!file || std::filesystem::is_directory(path)) throw Fault(arguments.fens, "cannot be opened");
-  explainLines(file, arguments, calibration);
-}
-
-Contender contend(const std::string& network, const std::vector<std::string>& files) {
-  networkTable = readNetwork(network);
-  Contender contender{network, validateOn(files, progress()), {}};
-  contender.curves = calibrate(network, networkTable, contender.validation);
-  return contender;
+  explainLines(file, arguments, table, calibration);
 }
 
 void noteWritten(const std::string& file) {
@@ -141,25 +136,26 @@ void noteWritten(const std::string& file) {
 }  // namespace
 
 void runShow(const Arguments& arguments) {
-  networkTable = readNetwork(arguments.network);
+  const NetworkTable table = readNetwork(arguments.network);
   Selection selection{arguments.type, {}};
   for (std::int32_t kind = 0; kind < pieceKindCount; ++kind) {
     if (arguments.kind == kindName(kind)) selection.kind = kind;
   }
-  const std::vector<ListSummary> lists = summarise(networkTable, selection);
+  const std::vector<ListSummary> lists = summarise(table, selection);
   print(arguments.json ? textOf(showJson(arguments.network, lists, arguments.top))
                        : showText(lists, arguments.top));
 }
 
 void runExplain(const Arguments& arguments) {
-  networkTable = readNetwork(arguments.network);
-  const std::optional<Calibration> calibration = findCalibration(arguments.calibration, arguments.network);
+  const NetworkTable table = readNetwork(arguments.network);
+  const std::optional<Calibration> calibration =
+      findCalibration(arguments.calibration, arguments.network, table);
   const Position position;
-  if (!arguments.fens.empty()) return explainAll(arguments, pointerTo(calibration));
+  if (!arguments.fens.empty()) return explainAll(arguments, table, pointerTo(calibration));
   const Origin origin = arguments.gameFile.empty()
                             ? Position::setFen(arguments.fen, rulesOf(arguments))
                             : Position::setGame(arguments.gameFile, arguments.game, arguments.ply);
-  const Explanation explanation = explainPosition();
+  const Explanation explanation = explainPosition(table);
   constexpr auto everything = std::numeric_limits<std::size_t>::max();
   if (arguments.json) {
     return print(textOf(explainJson(arguments.network, origin, explanation, pointerTo(calibration),
@@ -172,16 +168,16 @@ void runExplain(const Arguments& arguments) {
 void runValidate(const Arguments& arguments) {
   const bool writes = !arguments.calibration.empty();
   if (writes) refuseHarm(arguments.calibration, inputsOf(arguments), calibrationMarker, "calibration");
-  networkTable = readNetwork(arguments.network);
+  const NetworkTable table = readNetwork(arguments.network);
   std::optional<Calibration> curves;
-  if (!writes) curves = findCalibration(arguments.curves, arguments.network);
-  const Validation validation = validateOn(arguments.files, progress());
+  if (!writes) curves = findCalibration(arguments.curves, arguments.network, table);
+  const Validation validation = validateOn(table, arguments.files, progress());
   std::string curvesFrom = "curves fitted on these very games";
   if (curves) {
     curvesFrom = "the curves of ";
     curvesFrom += arguments.curves.empty() ? defaultCalibrationFile(arguments.network) : arguments.curves;
   } else {
-    curves = calibrate(arguments.network, networkTable, validation);
+    curves = calibrate(arguments.network, table, validation);
   }
   const Judgement judgement = judge(validation, *curves);
   // First: whoever reads what is printed may have read enough.
@@ -192,8 +188,14 @@ void runValidate(const Arguments& arguments) {
 }
 
 void runCompare(const Arguments& arguments) {
-  const Contender first = contend(arguments.network, arguments.files);
-  const Contender second = contend(arguments.otherNetwork, arguments.files);
+  const NetworkTable tables[] = {readNetwork(arguments.network), readNetwork(arguments.otherNetwork)};
+  std::vector<Validation> validations = validateOn(tables, arguments.files, progress());
+  const auto contender = [&](const std::string& name, std::size_t index) {
+    Calibration curves = calibrate(name, tables[index], validations[index]);
+    return Contender{name, std::move(validations[index]), std::move(curves)};
+  };
+  const Contender first = contender(arguments.network, 0);
+  const Contender second = contender(arguments.otherNetwork, 1);
   const Comparison comparison = compare(first, second);
   print(arguments.json ? textOf(compareJson(first, second, comparison))
                        : compareText(first, second, comparison));
@@ -213,9 +215,9 @@ void runAnnotate(const Arguments& arguments) {
   if (!arguments.force && holdsSomething(arguments.output)) {
     throw Fault(arguments.output, "exists; choose another name, or replace it with --force");
   }
-  networkTable = readNetwork(arguments.network);
-  const Calibration calibration = needCalibration(arguments.calibration, arguments.network);
-  const Annotation annotation = annotateGames(arguments.files.front(), calibration, progress());
+  const NetworkTable table = readNetwork(arguments.network);
+  const Calibration calibration = needCalibration(arguments.calibration, arguments.network, table);
+  const Annotation annotation = annotateGames(arguments.files.front(), table, calibration, progress());
   writeReport(arguments.output, annotation.text);
   // Not on standard output, which may be what -o names.
   for (const std::string& line : annotationLines(annotation.tally)) note(line);
@@ -226,15 +228,16 @@ void runReport(const Arguments& arguments) {
   std::vector<std::string> inputs = inputsOf(arguments);
   if (!arguments.calibration.empty()) inputs.push_back(arguments.calibration);
   refuseHarm(arguments.output, inputs, pageMarker, "page");
-  networkTable = readNetwork(arguments.network);
+  const NetworkTable table = readNetwork(arguments.network);
   PageInput input{arguments.network, arguments.learnedFrom, {}, {}, {}};
-  input.calibration = findCalibration(arguments.calibration, arguments.network);
+  input.calibration = findCalibration(arguments.calibration, arguments.network, table);
   if (!arguments.files.empty()) {
-    const Validation& validation = input.validation.emplace(validateOn(arguments.files, progress()));
-    if (!input.calibration) input.calibration = calibrate(arguments.network, networkTable, validation);
-    input.games = followGames(validation.files, chooseGames(validation, *input.calibration, gamesOfPage));
+    const Validation& validation = input.validation.emplace(validateOn(table, arguments.files, progress()));
+    if (!input.calibration) input.calibration = calibrate(arguments.network, table, validation);
+    input.games =
+        followGames(validation.files, chooseGames(validation, *input.calibration, gamesOfPage), table);
   }
-  writeReport(arguments.output, reportPage(pageData(input, networkTable)));
+  writeReport(arguments.output, reportPage(pageData(input, table)));
   noteWritten(arguments.output);
 }
 

@@ -6,15 +6,11 @@
 #include <utility>
 #include <vector>
 
-#include "board/piece.h"
-#include "board/ring.h"
 #include "inspect/annotate/eval_comment.h"
 #include "inspect/annotate/pawn_scale.h"
 #include "inspect/annotate/token_places.h"
 #include "inspect/common/game_files.h"
-#include "inspect/position/piece_worth.h"
 #include "inspect/position/position.h"
-#include "network/network.h"
 
 namespace quorvane::inspect {
 
@@ -50,8 +46,8 @@ struct ValuedMove {
 
 class Annotator : public Position {
  public:
-  Annotator(std::string_view source, const Calibration& curves)
-      : text(source), calibration(curves), places(source), copy(source) {}
+  Annotator(std::string_view source, const NetworkTable& table, const Calibration& curves)
+      : text(source), calibration(curves), places(source), copy(source), value(table) {}
 
   void addGame(std::int32_t number, PgnGame& game) {
     places.passTags(game.tags);
@@ -91,20 +87,11 @@ class Annotator : public Position {
   }
 
   std::optional<double> pawnsOfBoard() {
-    const PositionType type = classifier.classifyPosition(Network::classifyBoard, false);
-    Network::computeConfigurations();
-    const Side side = currentMove.sideToMove;
-    const std::optional<double> expected =
-        calibration.expectedScore(type, sumOf(side, type) - sumOf(opponent(side), type));
+    const DescribedPosition position = described();
+    const std::optional<double> expected = calibration.expectedScore(position.words.type, value.of(position));
     if (!expected) return {};
     const double pawns = pawnsOfScore(*expected);
-    return side == white ? pawns : -pawns;
-  }
-
-  double sumOf(Side side, PositionType type) {
-    double sum = 0.0;
-    for (const Piece& piece : Ring(kings[side])) sum += worths.of(type, piece.kind, piece.configuration);
-    return sum;
+    return currentMove.sideToMove == white ? pawns : -pawns;
   }
 
   // The tokens up to `end` are those between the move and the next.
@@ -133,16 +120,15 @@ class Annotator : public Position {
   TokenPlaces places;
   ChangedCopy copy;
   AnnotationTally tally;
-  Network classifier{Network::TableAsItStands{}};
-  PieceWorths worths;
+  PositionValue value;
 };
 
 }  // namespace
 
-Annotation annotateGames(const std::string& file, const Calibration& calibration,
+Annotation annotateGames(const std::string& file, const NetworkTable& table, const Calibration& calibration,
                          const ShowProgress& showProgress) {
   GameText games = loadGameText(file);
-  Annotator annotator(games.bytes, calibration);
+  Annotator annotator(games.bytes, table, calibration);
   const std::int32_t count = gameCount(games.database);
   for (std::int32_t index = 0; index < count; ++index) {
     annotator.addGame(index + 1, *games.database.game(index));

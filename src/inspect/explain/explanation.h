@@ -3,7 +3,7 @@
 
 #include <vector>
 
-#include "board/types.h"
+#include "network/network_table.h"
 
 namespace quorvane::inspect {
 
@@ -34,8 +34,8 @@ struct Explanation {
   double total() const { return ownSum - opposingSum; }  // as the side to move sees it
 };
 
-// Explains the position on the board by the network table. Sets what a classification sets.
-Explanation explainPosition();
+// Explains the position on the board by a network.
+Explanation explainPosition(const NetworkTable& table);
 
 // What one pattern does to the whole position.
 struct DecidingPattern {

@@ -1,86 +1,91 @@
 #include "inspect/measure/validation.h"
 
 #include <algorithm>
+#include <memory>
 #include <span>
 #include <tuple>
 #include <utility>
 
-#include "board/piece.h"
-#include "board/ring.h"
+#include "configurations/position_type.h"
 #include "inspect/common/fault.h"
 #include "inspect/common/game_files.h"
 #include "inspect/patterns/summary.h"
-#include "inspect/position/piece_worth.h"
 #include "inspect/position/position.h"
-#include "network/network.h"
 
 namespace quorvane::inspect {
 
 namespace {
 
-// Replays games and measures what the network says of their quiet positions.
+// Replays games and measures what networks say of their quiet positions.
 class Validator : public Position {
  public:
-  Validator() {
-    for (PositionType type = 0; type < positionTypeCount; ++type) {
-      classifier.classifyPosition(type, false);
-      validation.patterns[type] = patternCount(classifier.row());
+  explicit Validator(std::span<const NetworkTable> tables) : validations(tables.size()) {
+    for (std::size_t index = 0; index < tables.size(); ++index) {
+      networks.push_back(std::make_unique<PositionValue>(tables[index]));
+      for (PositionType type = 0; type < positionTypeCount; ++type)
+        validations[index].patterns[type] = patternCount(tables[index][type]);
     }
   }
 
   void addFile(const std::string& file, const ShowProgress& showProgress) {
     PgnDatabase database = loadGames(file);
-    const std::size_t gamesBefore = validation.games;
+    const std::size_t gamesBefore = games;
     const std::int32_t count = gameCount(database);
     for (std::int32_t index = 0; index < count; ++index) {
       addGame(*database.game(index));
       showProgress(file, index + 1, count);
     }
-    if (validation.games == gamesBefore) throw Fault(file, "holds no game with a result");
-    validation.files.push_back(file);
+    if (games == gamesBefore) throw Fault(file, "holds no game with a result");
   }
 
-  Validation finish() {
-    std::size_t samples = 0;
-    for (PositionType type = 0; type < positionTypeCount; ++type) {
-      samples += validation.byType[type].samples();
-      if (validation.patterns[type] != 0) validation.all.add(validation.byType[type]);
+  std::vector<Validation> finish(const std::vector<std::string>& files) {
+    if (samples == 0) throw Fault(files.front(), "holds no position that the utility would learn from");
+    for (Validation& validation : validations) {
+      validation.files = files;
+      validation.games = games;
+      validation.tally = tally;
+      for (PositionType type = 0; type < positionTypeCount; ++type) {
+        if (validation.patterns[type] != 0) validation.all.add(validation.byType[type]);
+      }
     }
-    if (samples == 0)
-      throw Fault(validation.files.front(), "holds no position that the utility would learn from");
-    return std::move(validation);
+    return std::move(validations);
   }
 
  private:
   void addGame(PgnGame& game) {
-    const auto number = static_cast<std::uint32_t>(validation.games);
+    const auto number = static_cast<std::uint32_t>(games);
     const std::int32_t result = game.result();
-    if (result != noResult) ++validation.games;
-    const GameVerdict verdict = judgeGame(game, [&](std::int32_t target) {
-      const PositionType type = classifier.classifyPosition(Network::classifyBoard, false);
-      Network::computeConfigurations();
+    if (result != noResult) ++games;
+    tally.add(judgeGame(game, [&](std::int32_t target) {
+      const DescribedPosition position = described();
       const Side side = currentMove.sideToMove;
-      Prediction prediction{0.0, target, side == white ? result : -result, 0, number};
-      addSide(prediction, type, side, 1);
-      addSide(prediction, type, opponent(side), -1);
-      validation.byType[type].add(prediction);
-    });
-    validation.tally.add(verdict);
+      Prediction prediction{0.0, target, side == white ? result : -result, materialOf(position.sets),
+                            number};
+      for (std::size_t index = 0; index < networks.size(); ++index) {
+        Validation& validation = validations[index];
+        prediction.value = networks[index]->of(position, [&](Side of, std::int32_t kind, Square square,
+                                                             double worth) {
+          validation
+              .worth[position.words.type][kind][squareAt(relativeRank(of, rankOf(square)), fileOf(square))]
+              .add(worth);
+        });
+        validation.byType[position.words.type].add(prediction);
+      }
+      ++samples;
+    }));
   }
 
-  void addSide(Prediction& prediction, PositionType type, Side side, std::int32_t sign) {
-    for (const Piece& piece : Ring(kings[side])) {
-      const double worth = worths.of(type, piece.kind, piece.configuration);
-      const Square square = squareAt(relativeRank(side, rankOf(piece.square)), fileOf(piece.square));
-      validation.worth[type][piece.kind][square].add(worth);
-      prediction.value += sign * worth;
-      prediction.material += sign * piece.material;
-    }
+  // The difference of material, as the side to move sees it.
+  static std::int32_t materialOf(const PositionSets& sets) {
+    const auto of = [&](Side side) { return quorvane::materialOf(countsOf(sets.pieces[side])); };
+    return of(sets.sideToMove) - of(opponent(sets.sideToMove));
   }
 
-  Network classifier{Network::TableAsItStands{}};
-  PieceWorths worths;
-  Validation validation;
+  std::vector<std::unique_ptr<PositionValue>> networks;
+  std::vector<Validation> validations;
+  std::size_t games = 0;
+  std::size_t samples = 0;
+  GameTally tally;
 };
 
 }  // namespace
@@ -127,10 +132,16 @@ std::vector<Band> Measurement::bands() const {
   return bands;
 }
 
-Validation validateOn(const std::vector<std::string>& files, const ShowProgress& showProgress) {
-  Validator validator;
+std::vector<Validation> validateOn(std::span<const NetworkTable> tables,
+                                   const std::vector<std::string>& files, const ShowProgress& showProgress) {
+  Validator validator(tables);
   for (const std::string& file : files) validator.addFile(file, showProgress);
-  return validator.finish();
+  return validator.finish(files);
+}
+
+Validation validateOn(const NetworkTable& table, const std::vector<std::string>& files,
+                      const ShowProgress& showProgress) {
+  return std::move(validateOn(std::span(&table, 1), files, showProgress).front());
 }
 
 }  // namespace quorvane::inspect

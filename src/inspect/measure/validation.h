@@ -2,6 +2,7 @@
 #define QUORVANE_INSPECT_MEASURE_VALIDATION_H_
 
 #include <cstdint>
+#include <span>
 #include <string>
 #include <vector>
 
@@ -10,6 +11,7 @@
 #include "inspect/common/mean.h"
 #include "inspect/games/game_report.h"
 #include "learning/fit/residuals.h"
+#include "network/network_table.h"
 
 namespace quorvane::inspect {
 
@@ -80,9 +82,12 @@ struct Validation {
   Table<PieceWorth, positionTypeCount> worth{};      // of all pieces of the samples of the type
 };
 
-// Measures the network table on the samples that the utility would learn from these files. Throws a Fault for
-// a file without a game that has a result, and if there is no sample at all.
-Validation validateOn(const std::vector<std::string>& files, const ShowProgress& showProgress);
+// Measures networks on the samples that the utility would learn from these files, in the order of the networks. Throws
+// a Fault for a file without a game that has a result, and if there is no sample at all.
+std::vector<Validation> validateOn(std::span<const NetworkTable> tables,
+                                   const std::vector<std::string>& files, const ShowProgress& showProgress);
+Validation validateOn(const NetworkTable& table, const std::vector<std::string>& files,
+                      const ShowProgress& showProgress);
 
 }  // namespace quorvane::inspect
 
