@@ -9,7 +9,6 @@
 #include "inspect/annotate/eval_comment.h"
 #include "inspect/annotate/pawn_scale.h"
 #include "inspect/annotate/token_places.h"
-#include "inspect/common/game_files.h"
 #include "inspect/position/position.h"
 
 namespace quorvane::inspect {
@@ -129,11 +128,8 @@ Annotation annotateGames(const std::string& file, const NetworkTable& table, con
                          const ShowProgress& showProgress) {
   GameText games = loadGameText(file);
   Annotator annotator(games.bytes, table, calibration);
-  const std::int32_t count = gameCount(games.database);
-  for (std::int32_t index = 0; index < count; ++index) {
-    annotator.addGame(index + 1, *games.database.game(index));
-    showProgress(file, index + 1, count);
-  }
+  forEachGame(games.database, file, showProgress,
+              [&](std::int32_t number, PgnGame& game) { annotator.addGame(number, game); });
   return annotator.finish();
 }
 

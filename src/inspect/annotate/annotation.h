@@ -5,8 +5,10 @@
 #include <cstdint>
 #include <map>
 #include <string>
+#include <vector>
 
-#include "inspect/games/game_report.h"
+#include "inspect/common/game_files.h"
+#include "inspect/games/game_verdict.h"
 #include "inspect/measure/calibration.h"
 
 namespace quorvane::inspect {
@@ -39,6 +41,9 @@ struct Annotation {
 // file that cannot be read or holds no games.
 Annotation annotateGames(const std::string& file, const NetworkTable& table, const Calibration& calibration,
                          const ShowProgress& showProgress);
+
+// How many games were annotated, and how many were not and why, each in a line without its end.
+std::vector<std::string> annotationLines(const AnnotationTally& tally);
 
 }  // namespace quorvane::inspect
 

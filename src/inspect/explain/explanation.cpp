@@ -22,7 +22,7 @@ void sortByStrength(auto& patterns) {
 }
 
 ExplainedPiece explainPiece(const Piece& piece, ConfigurationWord word, const NodeList& list) {
-  ExplainedPiece explained{piece.square, piece.side, piece.kind, word, 0.0, {}};
+  ExplainedPiece explained{piece.square, piece.side, piece.kind, word, 0.0, {}, {}};
   std::map<ConfigurationWord, double> weights;
   forEachFiringNode(list, word, [&](const PatternNode& node) {
     const ConfigurationWord telling = node.mask & ~alwaysHolds(piece.kind);
@@ -40,28 +40,30 @@ class Explainer : public Position {
  public:
   static Explanation explain(const NetworkTable& table) {
     const DescribedPosition position = described();
-    const NetworkRow& row = table[position.words.type];
-    const Side side = currentMove.sideToMove;
-    Explanation explanation{position.words.type, side, patternCount(row) != 0, {}, 0.0, 0.0};
-    const auto sumOf = [&](Side of) {
-      double sum = 0.0;
-      for (const Piece& piece : Ring(kings[of])) {
+    const PositionType type = position.words.type;
+    const Side mover = currentMove.sideToMove;
+    Explanation explanation{type, mover, patternCount(table[type]) != 0, {}, {}, false, {}};
+    for (const Side side : {mover, opponent(mover)}) {
+      for (const Piece& piece : Ring(kings[side])) {
         const ConfigurationWord word = position.words.words[piece.square];
-        explanation.pieces.push_back(explainPiece(piece, word, row[piece.kind]));
-        sum += explanation.pieces.back().value;
+        explanation.pieces.push_back(explainPiece(piece, word, table[type][piece.kind]));
+        explanation.sums[side] += explanation.pieces.back().value;
       }
-      return sum;
-    };
-    explanation.ownSum = sumOf(side);
-    explanation.opposingSum = sumOf(opponent(side));
+    }
     return explanation;
   }
 };
 
 }  // namespace
 
-Explanation explainPosition(const NetworkTable& table) {
-  return Explainer::explain(table);
+Explanation explainPosition(const NetworkTable& table, const std::optional<Calibration>& calibration) {
+  Explanation explanation = Explainer::explain(table);
+  if (!calibration) return explanation;
+  explanation.calibrated = true;
+  explanation.expectedScore = calibration->expectedScore(explanation.type, explanation.total());
+  for (ExplainedPiece& piece : explanation.pieces)
+    piece.meanWorth = calibration->types[explanation.type].meanWorth[piece.kind];
+  return explanation;
 }
 
 std::vector<DecidingPattern> decidingPatterns(const Explanation& explanation, std::size_t count) {

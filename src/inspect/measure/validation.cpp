@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <memory>
-#include <span>
 #include <tuple>
 #include <utility>
 
@@ -15,6 +14,12 @@
 namespace quorvane::inspect {
 
 namespace {
+
+// The difference of material, as the side to move sees it.
+std::int32_t materialOf(const PositionSets& sets) {
+  const auto of = [&](Side side) { return quorvane::materialOf(countsOf(sets.pieces[side])); };
+  return of(sets.sideToMove) - of(opponent(sets.sideToMove));
+}
 
 // Replays games and measures what networks say of their quiet positions.
 class Validator : public Position {
@@ -29,99 +34,71 @@ class Validator : public Position {
 
   void addFile(const std::string& file, const ShowProgress& showProgress) {
     PgnDatabase database = loadGames(file);
-    const std::size_t gamesBefore = games;
-    const std::int32_t count = gameCount(database);
-    for (std::int32_t index = 0; index < count; ++index) {
-      addGame(*database.game(index));
-      showProgress(file, index + 1, count);
-    }
-    if (games == gamesBefore) throw Fault(file, "holds no game with a result");
+    const std::size_t resultsBefore = tally.withResult;
+    forEachGame(database, file, showProgress, [&](std::int32_t, PgnGame& game) { addGame(game); });
+    if (tally.withResult == resultsBefore) throw Fault(file, "holds no game with a result");
   }
 
   std::vector<Validation> finish(const std::vector<std::string>& files) {
-    if (samples == 0) throw Fault(files.front(), "holds no position that the utility would learn from");
+    if (tally.samples == 0) throw Fault(files.front(), "holds no position that the utility would learn from");
     for (Validation& validation : validations) {
       validation.files = files;
-      validation.games = games;
+      validation.games = tally.withResult;
       validation.tally = tally;
-      for (PositionType type = 0; type < positionTypeCount; ++type) {
-        if (validation.patterns[type] != 0) validation.all.add(validation.byType[type]);
-      }
     }
     return std::move(validations);
   }
 
  private:
   void addGame(PgnGame& game) {
-    const auto number = static_cast<std::uint32_t>(games);
     const std::int32_t result = game.result();
-    if (result != noResult) ++games;
-    tally.add(judgeGame(game, [&](std::int32_t target) {
-      const DescribedPosition position = described();
-      const Side side = currentMove.sideToMove;
-      Prediction prediction{0.0, target, side == white ? result : -result, materialOf(position.sets),
-                            number};
-      for (std::size_t index = 0; index < networks.size(); ++index) {
-        Validation& validation = validations[index];
-        prediction.value = networks[index]->of(position, [&](Side of, std::int32_t kind, Square square,
-                                                             double worth) {
-          validation
-              .worth[position.words.type][kind][squareAt(relativeRank(of, rankOf(square)), fileOf(square))]
-              .add(worth);
-        });
-        validation.byType[position.words.type].add(prediction);
-      }
-      ++samples;
-    }));
+    tally.add(judgeGame(game, [&](std::int32_t target) { addSample(target, result); }));
   }
 
-  // The difference of material, as the side to move sees it.
-  static std::int32_t materialOf(const PositionSets& sets) {
-    const auto of = [&](Side side) { return quorvane::materialOf(countsOf(sets.pieces[side])); };
-    return of(sets.sideToMove) - of(opponent(sets.sideToMove));
+  void addSample(std::int32_t target, std::int32_t result) {
+    const DescribedPosition position = described();
+    const PositionType type = position.words.type;
+    const std::int32_t outcome = currentMove.sideToMove == white ? result : -result;
+    for (std::size_t index = 0; index < networks.size(); ++index) {
+      PieceWorth& worths = validations[index].worth[type];
+      const auto add = [&](Side side, std::int32_t kind, Square square, double worth) {
+        worths[kind][squareAt(relativeRank(side, rankOf(square)), fileOf(square))].add(worth);
+      };
+      const double value = networks[index]->of(position, add);
+      validations[index].byType[type].push_back({value, target, outcome, materialOf(position.sets),
+                                                 static_cast<std::uint32_t>(tally.withResult)});
+    }
   }
 
   std::vector<std::unique_ptr<PositionValue>> networks;
   std::vector<Validation> validations;
-  std::size_t games = 0;
-  std::size_t samples = 0;
-  GameTally tally;
+  GameTally tally;  // of the games before the one at work
 };
 
 }  // namespace
 
-void Measurement::add(const Prediction& prediction) {
-  all.push_back(prediction);
-  residuals.add(prediction.target - prediction.value);
-  residualsOfZeros.add(prediction.target);
-  if (prediction.outcome == 0) return;
-  ++decidedSamples;
-  if (prediction.value * prediction.outcome > 0.0) ++agreeingSamples;
+Predictions Validation::all() const {
+  Predictions together;
+  for (PositionType type = 0; type < positionTypeCount; ++type) {
+    if (patterns[type] != 0) together.insert(together.end(), byType[type].begin(), byType[type].end());
+  }
+  return together;
 }
 
-void Measurement::add(const Measurement& other) {
-  all.insert(all.end(), other.all.begin(), other.all.end());
-  residuals.add(other.residuals);
-  residualsOfZeros.add(other.residualsOfZeros);
-  decidedSamples += other.decidedSamples;
-  agreeingSamples += other.agreeingSamples;
-}
-
-std::vector<Band> Measurement::bands() const {
+std::vector<Band> bandsOf(Predictions predictions) {
   constexpr std::size_t bandCount = 10;
-  std::vector<Prediction> sorted = all;
   // Targets break ties, so that the order of the games does not show.
-  std::ranges::sort(sorted, {}, [](const Prediction& prediction) {
+  std::ranges::sort(predictions, {}, [](const Prediction& prediction) {
     return std::tuple(prediction.value, prediction.target, prediction.outcome);
   });
   std::vector<Band> bands;
   for (std::size_t number = 0; number < bandCount; ++number) {
-    const std::size_t begin = sorted.size() * number / bandCount;
-    const std::size_t end = sorted.size() * (number + 1) / bandCount;
+    const std::size_t begin = predictions.size() * number / bandCount;
+    const std::size_t end = predictions.size() * (number + 1) / bandCount;
     if (begin == end) continue;
-    Band band{end - begin, sorted[begin].value, sorted[end - 1].value, 0.0, 0.0, 0.0, 0.0, 0.0};
+    Band band{end - begin, predictions[begin].value, predictions[end - 1].value, 0.0, 0.0, 0.0, 0.0, 0.0};
     const auto count = static_cast<double>(band.samples);
-    for (const Prediction& prediction : std::span(sorted).subspan(begin, end - begin)) {
+    for (const Prediction& prediction : std::span(predictions).subspan(begin, end - begin)) {
       band.meanValue += prediction.value / count;
       band.meanTarget += prediction.target / count;
       (prediction.outcome > 0 ? band.won : prediction.outcome < 0 ? band.lost : band.drawn) += 1.0;

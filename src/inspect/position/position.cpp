@@ -4,7 +4,6 @@
 #include "board/piece.h"
 #include "inspect/common/fault.h"
 #include "inspect/common/game_files.h"
-#include "inspect/games/game_verdict.h"
 #include "inspect/position/fen_fault.h"
 
 namespace quorvane::inspect {

@@ -5,7 +5,6 @@
 #include <utility>
 
 #include "inspect/common/game_files.h"
-#include "inspect/games/game_verdict.h"
 #include "inspect/position/position.h"
 
 namespace quorvane::inspect {
@@ -25,11 +24,11 @@ class TrailFollower : public Position {
                     game.result(),
                     {}};
     setupPosition(game.placement, game.sideToMove);
-    trail.steps.push_back({{}, noSquare, noSquare, explainPosition(table)});
+    trail.steps.push_back({{}, noSquare, noSquare, explainPosition(table, {})});
     for (DecodedMove move; game.nextMove(move) && playGameMove(move);) {
       const UndoRecord& made = history->record(history->depth);
       const std::string_view token = game.tokens[static_cast<std::size_t>(game.tokenCursor - 1)];
-      trail.steps.push_back({std::string(token), made.fromSquare, made.toSquare, explainPosition(table)});
+      trail.steps.push_back({std::string(token), made.fromSquare, made.toSquare, explainPosition(table, {})});
     }
     return trail;
   }
