@@ -11,14 +11,14 @@
 #include "inspect/annotate/annotation.h"
 #include "inspect/common/fault.h"
 #include "inspect/common/network_reader.h"
-#include "inspect/common/output_target.h"
-#include "inspect/json_output.h"
+#include "inspect/common/output_file.h"
+#include "inspect/explain/explanation_output.h"
 #include "inspect/measure/calibration_file.h"
-#include "inspect/position/position.h"
+#include "inspect/measure/measure_output.h"
+#include "inspect/patterns/summary_output.h"
 #include "inspect/report/game_choice.h"
-#include "inspect/report/html_report.h"
+#include "inspect/report/page.h"
 #include "inspect/report/page_data.h"
-#include "inspect/text_output.h"
 #include "terminal/terminal.h"
 
 namespace quorvane::inspect {
@@ -53,15 +53,17 @@ ShowProgress progress() {
   return [](auto&&...) {};
 }
 
+// Files that a command reads.
 std::vector<std::string> inputsOf(const Arguments& arguments) {
   std::vector<std::string> inputs = arguments.files;
   inputs.push_back(arguments.network);
   return inputs;
 }
 
-// The calibration of the network table: the file named, or else the one beside the network, if there is one.
-std::optional<Calibration> findCalibration(const std::string& named, const std::string& network) {
-  const std::string fingerprint = fingerprintOf(networkTable);
+// The calibration of a network: the file named, or else the one beside the network, if there is one.
+std::optional<Calibration> findCalibration(const std::string& named, const std::string& network,
+                                           const NetworkTable& table) {
+  const std::string fingerprint = fingerprintOf(table);
   if (!named.empty()) return readCalibration(named, fingerprint);
   const std::string beside = defaultCalibrationFile(network);
   if (!std::filesystem::exists(pathOf(beside))) return {};
@@ -78,33 +80,21 @@ std::string howToCalibrate(const std::string& network) {
   return "quorvane-inspect validate GAMES.pgn" + option + " --calibration " + defaultCalibrationFile(network);
 }
 
-// As findCalibration, but a Fault where there is none that can be used.
-Calibration needCalibration(const std::string& named, const std::string& network) {
-  const std::string beside = defaultCalibrationFile(network);
-  if (named.empty() && !std::filesystem::exists(pathOf(beside))) {
-    throw Fault(network, "has no calibration; make one with: " + howToCalibrate(network));
-  }
-  return readCalibration(named.empty() ? beside : named, fingerprintOf(networkTable));
-}
-
-const Calibration* pointerTo(const std::optional<Calibration>& calibration) {
-  return calibration ? &*calibration : nullptr;
-}
-
-Position::Rules rulesOf(const Arguments& arguments) {
-  return arguments.lenient ? Position::Rules::lenient : Position::Rules::chess;
+Origin setFen(const std::string& fen, const Arguments& arguments) {
+  return Position::setFen(fen, arguments.lenient ? Position::Rules::lenient : Position::Rules::chess);
 }
 
 // A line of JSON for each line of the input. Throws at the end if any was refused.
-void explainLines(std::istream& input, const Arguments& arguments, const Calibration* calibration) {
+void explainLines(std::istream& input, const Arguments& arguments, const NetworkTable& table,
+                  const std::optional<Calibration>& calibration) {
   std::size_t lines = 0;
   std::size_t refused = 0;
   for (std::string fen; std::getline(input, fen); ++lines) {
     if (fen.ends_with('\r')) fen.pop_back();
     Json json;
     try {
-      Position::setFen(fen, rulesOf(arguments));
-      json = valueJson(fen, explainPosition(), calibration);
+      setFen(fen, arguments);
+      json = valueJson(fen, explainPosition(table, calibration));
     } catch (const Fault& fault) {
       json = {{"fen", fen}, {"error", fault.what()}};
       ++refused;
@@ -117,125 +107,122 @@ void explainLines(std::istream& input, const Arguments& arguments, const Calibra
   }
 }
 
-void explainAll(const Arguments& arguments, const Calibration* calibration) {
-  if (arguments.fens == "-") return explainLines(std::cin, arguments, calibration);
+void explainAll(const Arguments& arguments, const NetworkTable& table,
+                const std::optional<Calibration>& calibration) {
+  if (arguments.fens == "-") return explainLines(std::cin, arguments, table, calibration);
   const std::filesystem::path path = pathOf(arguments.fens);
   std::ifstream file(path, std::ios::binary);
   if (!file || std::filesystem::is_directory(path)) throw Fault(arguments.fens, "cannot be opened");
-  explainLines(file, arguments, calibration);
-}
-
-Contender contend(const std::string& network, const std::vector<std::string>& files) {
-  networkTable = readNetwork(network);
-  Contender contender{network, validateOn(files, progress()), {}};
-  contender.curves = calibrate(network, networkTable, contender.validation);
-  return contender;
-}
-
-void noteWritten(const std::string& file) {
-  std::error_code error;
-  const auto size = std::filesystem::file_size(pathOf(file), error);
-  note("wrote " + file + (error ? "" : ", " + std::to_string((size + 1023) / 1024) + " KB"));
+  explainLines(file, arguments, table, calibration);
 }
 
 }  // namespace
 
 void runShow(const Arguments& arguments) {
-  networkTable = readNetwork(arguments.network);
+  const NetworkTable table = readNetwork(arguments.network);
   Selection selection{arguments.type, {}};
   for (std::int32_t kind = 0; kind < pieceKindCount; ++kind) {
     if (arguments.kind == kindName(kind)) selection.kind = kind;
   }
-  const std::vector<ListSummary> lists = summarise(networkTable, selection);
+  const std::vector<ListSummary> lists = summarise(table, selection);
   print(arguments.json ? textOf(showJson(arguments.network, lists, arguments.top))
                        : showText(lists, arguments.top));
 }
 
 void runExplain(const Arguments& arguments) {
-  networkTable = readNetwork(arguments.network);
-  const std::optional<Calibration> calibration = findCalibration(arguments.calibration, arguments.network);
+  const NetworkTable table = readNetwork(arguments.network);
+  const auto calibration = findCalibration(arguments.calibration, arguments.network, table);
   const Position position;
-  if (!arguments.fens.empty()) return explainAll(arguments, pointerTo(calibration));
+  if (!arguments.fens.empty()) return explainAll(arguments, table, calibration);
   const Origin origin = arguments.gameFile.empty()
-                            ? Position::setFen(arguments.fen, rulesOf(arguments))
+                            ? setFen(arguments.fen, arguments)
                             : Position::setGame(arguments.gameFile, arguments.game, arguments.ply);
-  const Explanation explanation = explainPosition();
+  const Explanation explanation = explainPosition(table, calibration);
   constexpr auto everything = std::numeric_limits<std::size_t>::max();
-  if (arguments.json) {
-    return print(textOf(explainJson(arguments.network, origin, explanation, pointerTo(calibration),
-                                    arguments.topOfPiece.value_or(everything))));
-  }
-  print(explainText(origin, explanation, pointerTo(calibration),
-                    arguments.all ? everything : arguments.topOfPiece, howToCalibrate(arguments.network)));
+  print(arguments.json ? textOf(explainJson(arguments.network, origin, explanation,
+                                            arguments.topOfPiece.value_or(everything)))
+                       : explainText(origin, explanation, arguments.all ? everything : arguments.topOfPiece,
+                                     howToCalibrate(arguments.network)));
 }
 
 void runValidate(const Arguments& arguments) {
   const bool writes = !arguments.calibration.empty();
   if (writes) refuseHarm(arguments.calibration, inputsOf(arguments), calibrationMarker, "calibration");
-  networkTable = readNetwork(arguments.network);
+  const NetworkTable table = readNetwork(arguments.network);
   std::optional<Calibration> curves;
-  if (!writes) curves = findCalibration(arguments.curves, arguments.network);
-  const Validation validation = validateOn(arguments.files, progress());
+  if (!writes) curves = findCalibration(arguments.curves, arguments.network, table);
+  const Validation validation = validateOn(table, arguments.files, progress());
   std::string curvesFrom = "curves fitted on these very games";
   if (curves) {
     curvesFrom = "the curves of ";
     curvesFrom += arguments.curves.empty() ? defaultCalibrationFile(arguments.network) : arguments.curves;
   } else {
-    curves = calibrate(arguments.network, networkTable, validation);
+    curves = calibrate(arguments.network, table, validation);
   }
   const Judgement judgement = judge(validation, *curves);
   // First: whoever reads what is printed may have read enough.
-  if (writes) writeReport(arguments.calibration, textOf(calibrationJson(*curves)));
+  if (writes) writeOutput(arguments.calibration, textOf(calibrationJson(*curves)));
   print(arguments.json ? textOf(validateJson(arguments.network, validation, judgement))
                        : validateText(validation, judgement, curvesFrom));
-  if (writes) noteWritten(arguments.calibration);
+  if (writes) note(writtenText(arguments.calibration));
 }
 
 void runCompare(const Arguments& arguments) {
-  const Contender first = contend(arguments.network, arguments.files);
-  const Contender second = contend(arguments.otherNetwork, arguments.files);
+  const std::string names[] = {arguments.network, arguments.otherNetwork};
+  const NetworkTable tables[] = {readNetwork(names[0]), readNetwork(names[1])};
+  std::vector<Validation> validations = validateOn(tables, arguments.files, progress());
+  const auto contender = [&](std::size_t index) {
+    Calibration curves = calibrate(names[index], tables[index], validations[index]);
+    return Contender{names[index], std::move(validations[index]), std::move(curves)};
+  };
+  const Contender first = contender(0);
+  const Contender second = contender(1);
   const Comparison comparison = compare(first, second);
   print(arguments.json ? textOf(compareJson(first, second, comparison))
                        : compareText(first, second, comparison));
 }
 
 void runGames(const Arguments& arguments) {
-  std::vector<FileReport> reports;
-  for (const std::string& file : arguments.files) reports.push_back(reportGames(file, progress()));
-  print(arguments.json ? textOf(gamesJson(reports)) : gamesText(reports));
+  std::vector<JudgedFile> files;
+  for (const std::string& file : arguments.files) files.push_back(judgeFile(file, progress()));
+  print(arguments.json ? textOf(gamesJson(files)) : gamesText(files));
 }
 
 void runAnnotate(const Arguments& arguments) {
+  const std::string beside = defaultCalibrationFile(arguments.network);
+  const std::string& curves = arguments.calibration.empty() ? beside : arguments.calibration;
   std::vector<std::string> inputs = inputsOf(arguments);
-  inputs.push_back(arguments.calibration.empty() ? defaultCalibrationFile(arguments.network)
-                                                 : arguments.calibration);
+  inputs.push_back(curves);
   refuseInput(arguments.output, inputs);
-  if (!arguments.force && holdsSomething(arguments.output)) {
+  if (!arguments.force && holdsSomething(arguments.output))
     throw Fault(arguments.output, "exists; choose another name, or replace it with --force");
+  const NetworkTable table = readNetwork(arguments.network);
+  if (arguments.calibration.empty() && !std::filesystem::exists(pathOf(beside))) {
+    throw Fault(arguments.network, "has no calibration; make one with: " + howToCalibrate(arguments.network));
   }
-  networkTable = readNetwork(arguments.network);
-  const Calibration calibration = needCalibration(arguments.calibration, arguments.network);
-  const Annotation annotation = annotateGames(arguments.files.front(), calibration, progress());
-  writeReport(arguments.output, annotation.text);
+  const Calibration calibration = readCalibration(curves, fingerprintOf(table));
+  const Annotation annotation = annotateGames(arguments.files.front(), table, calibration, progress());
+  writeOutput(arguments.output, annotation.text);
   // Not on standard output, which may be what -o names.
   for (const std::string& line : annotationLines(annotation.tally)) note(line);
-  noteWritten(arguments.output);
+  note(writtenText(arguments.output));
 }
 
 void runReport(const Arguments& arguments) {
   std::vector<std::string> inputs = inputsOf(arguments);
   if (!arguments.calibration.empty()) inputs.push_back(arguments.calibration);
   refuseHarm(arguments.output, inputs, pageMarker, "page");
-  networkTable = readNetwork(arguments.network);
+  const NetworkTable table = readNetwork(arguments.network);
   PageInput input{arguments.network, arguments.learnedFrom, {}, {}, {}};
-  input.calibration = findCalibration(arguments.calibration, arguments.network);
+  input.calibration = findCalibration(arguments.calibration, arguments.network, table);
   if (!arguments.files.empty()) {
-    const Validation& validation = input.validation.emplace(validateOn(arguments.files, progress()));
-    if (!input.calibration) input.calibration = calibrate(arguments.network, networkTable, validation);
-    input.games = followGames(validation.files, chooseGames(validation, *input.calibration, gamesOfPage));
+    const Validation& validation = input.validation.emplace(validateOn(table, arguments.files, progress()));
+    if (!input.calibration) input.calibration = calibrate(arguments.network, table, validation);
+    input.games =
+        followGames(validation.files, chooseGames(validation, *input.calibration, gamesOfPage), table);
   }
-  writeReport(arguments.output, reportPage(pageData(input, networkTable)));
-  noteWritten(arguments.output);
+  writeOutput(arguments.output, reportPage(pageData(input, table)));
+  note(writtenText(arguments.output));
 }
 
 }  // namespace quorvane::inspect

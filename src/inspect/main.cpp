@@ -14,7 +14,7 @@ namespace {
 constexpr int faultStatus = 1;
 
 // Faults are one line each, whatever stands in the names of files.
-int report(std::string fault) {
+int tell(std::string fault) {
   std::ranges::replace_if(
       fault, [](unsigned char byte) { return byte < ' '; }, '?');
   std::cerr << "quorvane-inspect: " << fault << '\n';
@@ -29,7 +29,7 @@ int run(int argc, char** argv) {
     if (command) (*command)(arguments);
     return status;
   } catch (const std::exception& fault) {
-    return report(fault.what());
+    return tell(fault.what());
   }
 }
 

@@ -11,16 +11,16 @@ namespace quorvane::inspect {
 namespace {
 
 // Samples whose outcomes follow the curve of `steepness`, a third of them drawn where that keeps the mean score.
-Measurement madeOnCurve(double steepness, std::size_t samples) {
+Predictions madeOnCurve(double steepness, std::size_t samples) {
   std::mt19937 random(7);
-  Measurement measured;
+  Predictions measured;
   for (std::size_t sample = 0; sample < samples; ++sample) {
     const double value = static_cast<double>(random() % 8001) / 100.0 - 40.0;
     const double score = expectedScore(steepness, value);
     const double drawn = std::min({1.0 / 3.0, 2.0 * score, 2.0 * (1.0 - score)});
     const double dice = static_cast<double>(random()) / 0x1p32;
     const int outcome = dice < drawn ? 0 : dice < score + drawn / 2.0 ? 1 : -1;
-    measured.add({value, 0, outcome, 0, 0});
+    measured.push_back({value, 0, outcome, 0, 0});
   }
   return measured;
 }
@@ -51,7 +51,6 @@ TEST(Calibration, LearnsACurveForEachTypeAndTakesThatOfAllWhereSamplesAreFew) {
        {std::tuple(7, 0.05, 20000U), std::tuple(8, 0.2, 20000U), std::tuple(9, 0.2, 900U)}) {
     validation.byType[type] = madeOnCurve(steepness, samples);
     validation.patterns[type] = 1;
-    validation.all.add(validation.byType[type]);
   }
   validation.worth[8][knightKind][9].add(2.0);
   validation.worth[8][knightKind][50].add(4.0);

@@ -23,11 +23,10 @@ Contender contender(const std::string& name, double gameError, double sampleErro
     const int outcome = static_cast<int>(game % 3) - 1;
     const double missed = noise(gameError);
     for (int sample = 0; sample < 20; ++sample) {
-      made.validation.byType[type].add(
+      made.validation.byType[type].push_back(
           {20.0 * outcome + missed + noise(sampleError), 20 * outcome, outcome, 0, game});
     }
   }
-  made.validation.all = made.validation.byType[type];
   made.curves = calibrate(name, {}, made.validation);
   return made;
 }
@@ -38,7 +37,7 @@ TEST(Comparison, CannotTellANetworkFromItselfOrFromOneAsGood) {
   EXPECT_EQ(same.all.samples, 4000U);
   EXPECT_EQ(same.all.f.low, 0.0);
   EXPECT_EQ(same.all.f.high, 0.0);
-  EXPECT_EQ(verdict(one, one, same), "These games cannot tell which is better.");
+  EXPECT_EQ(conclusion(one, one, same), "These games cannot tell which is better.");
 
   // Were the samples taken for independent, the interval would be a fourth as wide, and find a difference now and then.
   std::size_t told = 0;
@@ -55,8 +54,8 @@ TEST(Comparison, FindsTheBetterOneAndSaysWhich) {
   EXPECT_NEAR(comparison.all.f.mean, 25.0 * 25.0 / 3.0 - 16.0 / 3.0, 30.0);
   EXPECT_LT(comparison.all.f.low, comparison.all.f.mean);
   EXPECT_GT(comparison.all.f.high, comparison.all.f.mean);
-  EXPECT_EQ(verdict(bad, good, comparison).substr(0, 14), "good is better");
-  EXPECT_EQ(verdict(good, bad, compare(good, bad)).substr(0, 14), "good is better");
+  EXPECT_EQ(conclusion(bad, good, comparison).substr(0, 14), "good is better");
+  EXPECT_EQ(conclusion(good, bad, compare(good, bad)).substr(0, 14), "good is better");
 }
 
 }  // namespace

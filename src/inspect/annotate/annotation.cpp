@@ -7,14 +7,10 @@
 #include <utility>
 #include <vector>
 
-#include "board/piece.h"
-#include "board/ring.h"
 #include "inspect/annotate/eval_comment.h"
 #include "inspect/annotate/pawn_scale.h"
 #include "inspect/common/game_files.h"
-#include "inspect/position/piece_worth.h"
 #include "inspect/position/position.h"
-#include "network/network.h"
 #include "pgn/token_reader.h"
 
 namespace quorvane::inspect {
@@ -51,8 +47,8 @@ struct ValuedMove {
 
 class Annotator : public Position {
  public:
-  Annotator(std::stringstream& source, const Calibration& curves)
-      : text(source.view()), calibration(curves), reader(source), copy(text) {}
+  Annotator(std::stringstream& source, const NetworkTable& table, const Calibration& curves)
+      : text(source.view()), calibration(curves), reader(source), copy(text), value(table) {}
 
   void addGame(std::int32_t number, PgnGame& game) {
     const std::vector<TokenPlace> tokens = readPlaces();
@@ -96,20 +92,11 @@ class Annotator : public Position {
   }
 
   std::optional<double> pawnsOfBoard() {
-    const PositionType type = classifier.classifyPosition(Network::classifyBoard, false);
-    Network::computeConfigurations();
-    const Side side = currentMove.sideToMove;
-    const std::optional<double> expected =
-        calibration.expectedScore(type, sumOf(side, type) - sumOf(opponent(side), type));
+    const DescribedPosition position = described();
+    const std::optional<double> expected = calibration.expectedScore(position.words.type, value.of(position));
     if (!expected) return {};
     const double pawns = pawnsOfScore(*expected);
-    return side == white ? pawns : -pawns;
-  }
-
-  double sumOf(Side side, PositionType type) {
-    double sum = 0.0;
-    for (const Piece& piece : Ring(kings[side])) sum += worths.of(type, piece.kind, piece.configuration);
-    return sum;
+    return currentMove.sideToMove == white ? pawns : -pawns;
   }
 
   // The tokens up to `end` are those between the move and the next.
@@ -138,21 +125,17 @@ class Annotator : public Position {
   TokenReader reader;
   ChangedCopy copy;
   AnnotationTally tally;
-  Network classifier{Network::TableAsItStands{}};
-  PieceWorths worths;
+  PositionValue value;
 };
 
 }  // namespace
 
-Annotation annotateGames(const std::string& file, const Calibration& calibration,
+Annotation annotateGames(const std::string& file, const NetworkTable& table, const Calibration& calibration,
                          const ShowProgress& showProgress) {
   GameText games = loadGameText(file);
-  Annotator annotator(games.bytes, calibration);
-  const std::int32_t count = gameCount(games.database);
-  for (std::int32_t index = 0; index < count; ++index) {
-    annotator.addGame(index + 1, *games.database.game(index));
-    showProgress(file, index + 1, count);
-  }
+  Annotator annotator(games.bytes, table, calibration);
+  forEachGame(games.database, file, showProgress,
+              [&](std::int32_t number, PgnGame& game) { annotator.addGame(number, game); });
   return annotator.finish();
 }
 

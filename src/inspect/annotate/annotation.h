@@ -5,8 +5,10 @@
 #include <cstdint>
 #include <map>
 #include <string>
+#include <vector>
 
-#include "inspect/games/game_report.h"
+#include "inspect/common/game_files.h"
+#include "inspect/games/game_verdict.h"
 #include "inspect/measure/calibration.h"
 
 namespace quorvane::inspect {
@@ -32,13 +34,16 @@ struct Annotation {
   AnnotationTally tally;
 };
 
-// The text of a file of games with the value of the position behind each move, as White sees it, by the network table
+// The text of a file of games with the value of the position behind each move, as White sees it, by the network `table`
 // and its calibration: in place of the [%eval ...] of the move's comments, or in a comment of its own behind the move.
 // Nothing else is changed. A game of which the utility cannot play every move stays as it is, and so does a move to a
 // position that has no expected score, but for a [%eval ...] of its comments, which is taken out. Throws a Fault for a
 // file that cannot be read or holds no games.
-Annotation annotateGames(const std::string& file, const Calibration& calibration,
+Annotation annotateGames(const std::string& file, const NetworkTable& table, const Calibration& calibration,
                          const ShowProgress& showProgress);
+
+// How many games were annotated, and how many were not and why, each in a line without its end.
+std::vector<std::string> annotationLines(const AnnotationTally& tally);
 
 }  // namespace quorvane::inspect
 

@@ -1,17 +1,7 @@
+#include "inspect/annotate/annotation.h"
 #include "inspect/common/text_columns.h"
-#include "inspect/text_output.h"
 
 namespace quorvane::inspect {
-
-namespace {
-
-constexpr std::size_t longestToken = 20;
-
-std::string counted(std::size_t count, const std::string& what) {
-  return std::to_string(count) + " " + what + (count == 1 ? "" : "s");
-}
-
-}  // namespace
 
 std::vector<std::string> annotationLines(const AnnotationTally& tally) {
   std::vector<std::string> lines{"annotated " + counted(tally.games, "game") + ", " +
@@ -23,7 +13,7 @@ std::vector<std::string> annotationLines(const AnnotationTally& tally) {
   if (tally.withoutValues != 0)
     lines.push_back(counted(tally.withoutValues, "game") + " without a move to value");
   for (const auto& [oddity, left] : tally.left) {
-    lines.push_back(counted(left.games, "game") + " left as before: " + oddityText(oddity) +
+    lines.push_back(counted(left.games, "game") + " left as before: " + wordsOf(oddity).text +
                     (left.games == 1 ? " (game " : " (first in game ") + std::to_string(left.first) +
                     ", ply " + std::to_string(left.verdict.ply) + ", " +
                     printable(left.verdict.token, longestToken) + ")");

@@ -46,9 +46,9 @@ void refuseWithoutGames(PgnDatabase& database, const std::string& fileName) {
 
 }  // namespace
 
-std::int32_t gameCount(PgnDatabase& database) {
+std::int32_t gameCount(PgnDatabase& games) {
   std::int32_t count = 0;
-  while (database.game(count) != nullptr) ++count;
+  while (games.game(count) != nullptr) ++count;
   return count;
 }
 
@@ -74,6 +74,17 @@ GameText loadGameText(const std::string& fileName) {
   text.bytes.seekg(0);
   refuseWithoutGames(text.database, fileName);
   return text;
+}
+
+std::string tagValue(const PgnGame& game, std::string_view name) {
+  for (std::size_t index = 0; index < game.tags.size(); ++index) {
+    const std::string_view tag = game.tags[index];
+    if (!tag.starts_with(name) || tag.substr(name.size(), 1).find_first_not_of(" \t\"") == 0) continue;
+    const std::size_t begin = tag.find('"');
+    const std::size_t end = tag.rfind('"');
+    if (end != begin) return std::string(tag.substr(begin + 1, end - begin - 1));
+  }
+  return {};
 }
 
 }  // namespace quorvane::inspect

@@ -2,8 +2,10 @@
 #define QUORVANE_INSPECT_COMMON_GAME_FILES_H_
 
 #include <cstdint>
+#include <functional>
 #include <sstream>
 #include <string>
+#include <string_view>
 
 #include "pgn/pgn_database.h"
 
@@ -25,7 +27,23 @@ struct GameText {
 // The same as loadGames, with the bytes. Reads the file once, and so takes a pipe as well.
 GameText loadGameText(const std::string& fileName);
 
-std::int32_t gameCount(PgnDatabase& database);
+std::int32_t gameCount(PgnDatabase& games);
+
+// Called after each game; `file` is the one at work.
+using ShowProgress = std::function<void(const std::string& file, std::int32_t done, std::int32_t games)>;
+
+// Calls visit(number, game) for each game of a file, numbers from 1, and shows the progress.
+template <typename Visit>
+void forEachGame(PgnDatabase& games, const std::string& file, const ShowProgress& showProgress, Visit visit) {
+  const std::int32_t count = gameCount(games);
+  for (std::int32_t number = 1; number <= count; ++number) {
+    visit(number, *games.game(number - 1));
+    showProgress(file, number, count);
+  }
+}
+
+// The value of a tag, "White" say; empty if the game has no such tag.
+std::string tagValue(const PgnGame& game, std::string_view name);
 
 }  // namespace quorvane::inspect
 

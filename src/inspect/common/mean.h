@@ -26,6 +26,14 @@ struct Mean {
   }
 };
 
+// Of all numbers that came to any of them.
+template <typename Means>
+Mean meanOf(const Means& means) {
+  Mean together;
+  for (const Mean& mean : means) together.add(mean);
+  return together;
+}
+
 }  // namespace quorvane::inspect
 
 #endif  // QUORVANE_INSPECT_COMMON_MEAN_H_

@@ -23,6 +23,10 @@ std::string asPercent(double share) {
   return fixed(100.0 * share, 0) + " %";
 }
 
+std::string counted(std::size_t count, const std::string& what) {
+  return std::to_string(count) + " " + what + (count == 1 ? "" : "s");
+}
+
 std::string wrapped(const std::string& text, std::size_t indent) {
   constexpr std::size_t width = 80;
   std::string lines;

@@ -10,7 +10,7 @@
 #include "board/ring.h"
 #include "configurations/bit_names.h"
 #include "inspect/patterns/summary.h"
-#include "network/network.h"
+#include "inspect/position/position.h"
 
 namespace quorvane::inspect {
 
@@ -21,10 +21,10 @@ void sortByStrength(auto& patterns) {
                            [](const auto& pattern) { return std::abs(pattern.weight); });
 }
 
-ExplainedPiece explainPiece(const Piece& piece, const NodeList& list) {
-  ExplainedPiece explained{piece.square, piece.side, piece.kind, piece.configuration, 0.0, {}};
+ExplainedPiece explainPiece(const Piece& piece, ConfigurationWord word, const NodeList& list) {
+  ExplainedPiece explained{piece.square, piece.side, piece.kind, word, 0.0, {}, {}};
   std::map<ConfigurationWord, double> weights;
-  forEachFiringNode(list, piece.configuration, [&](const PatternNode& node) {
+  forEachFiringNode(list, word, [&](const PatternNode& node) {
     const ConfigurationWord telling = node.mask & ~alwaysHolds(piece.kind);
     const auto weight = static_cast<double>(node.weight);
     weights[telling != 0 ? telling : node.mask] += weight;
@@ -36,35 +36,34 @@ ExplainedPiece explainPiece(const Piece& piece, const NodeList& list) {
 }
 
 // Reaches the board's members, as every class that works on the position does.
-class Explainer : public Network {
+class Explainer : public Position {
  public:
-  Explainer() : Network(TableAsItStands{}) {}
-
-  Explanation explain() {
-    const PositionType type = classifyPosition(classifyBoard, false);
-    computeConfigurations();
-    const Side side = currentMove.sideToMove;
-    Explanation explanation{type, side, patternCount(row()) != 0, {}, 0.0, 0.0};
-    explanation.ownSum = addSide(side, explanation.pieces);
-    explanation.opposingSum = addSide(opponent(side), explanation.pieces);
-    return explanation;
-  }
-
- private:
-  double addSide(Side side, std::vector<ExplainedPiece>& pieces) {
-    double sum = 0.0;
-    for (const Piece& piece : Ring(kings[side])) {
-      pieces.push_back(explainPiece(piece, row()[piece.kind]));
-      sum += pieces.back().value;
+  static Explanation explain(const NetworkTable& table) {
+    const DescribedPosition position = described();
+    const PositionType type = position.words.type;
+    const Side mover = currentMove.sideToMove;
+    Explanation explanation{type, mover, patternCount(table[type]) != 0, {}, {}, false, {}};
+    for (const Side side : {mover, opponent(mover)}) {
+      for (const Piece& piece : Ring(kings[side])) {
+        const ConfigurationWord word = position.words.words[piece.square];
+        explanation.pieces.push_back(explainPiece(piece, word, table[type][piece.kind]));
+        explanation.sums[side] += explanation.pieces.back().value;
+      }
     }
-    return sum;
+    return explanation;
   }
 };
 
 }  // namespace
 
-Explanation explainPosition() {
-  return Explainer().explain();
+Explanation explainPosition(const NetworkTable& table, const std::optional<Calibration>& calibration) {
+  Explanation explanation = Explainer::explain(table);
+  if (!calibration) return explanation;
+  explanation.calibrated = true;
+  explanation.expectedScore = calibration->expectedScore(explanation.type, explanation.total());
+  for (ExplainedPiece& piece : explanation.pieces)
+    piece.meanWorth = calibration->types[explanation.type].meanWorth[piece.kind];
+  return explanation;
 }
 
 std::vector<DecidingPattern> decidingPatterns(const Explanation& explanation, std::size_t count) {

@@ -1,9 +1,11 @@
 #ifndef QUORVANE_INSPECT_EXPLAIN_EXPLANATION_H_
 #define QUORVANE_INSPECT_EXPLAIN_EXPLANATION_H_
 
+#include <optional>
 #include <vector>
 
-#include "board/types.h"
+#include "inspect/measure/calibration.h"
+#include "network/network_table.h"
 
 namespace quorvane::inspect {
 
@@ -21,6 +23,11 @@ struct ExplainedPiece {
   ConfigurationWord word;
   double value;                         // the sum of the weights
   std::vector<FiringPattern> patterns;  // the greatest absolute weight first
+  std::optional<double> meanWorth;      // of such a piece, as a calibration has it
+
+  std::optional<double> aboveMean() const {
+    return meanWorth ? std::optional(value - *meanWorth) : std::nullopt;
+  }
 };
 
 // What the position on the board is worth, in the unit of targets.
@@ -29,13 +36,16 @@ struct Explanation {
   Side sideToMove;
   bool typeHasPatterns;                // false for a row that was never learned
   std::vector<ExplainedPiece> pieces;  // of the side to move, then of the other; each the king first
-  double ownSum;                       // of the pieces of the side to move
-  double opposingSum;
-  double total() const { return ownSum - opposingSum; }  // as the side to move sees it
+  Table<double, 2> sums;               // of the pieces, by side
+  bool calibrated;                     // was there a calibration?
+  std::optional<double> expectedScore;
+
+  // As the side to move sees it.
+  double total() const { return sums[sideToMove] - sums[opponent(sideToMove)]; }
 };
 
-// Explains the position on the board by the network table. Sets what a classification sets.
-Explanation explainPosition();
+// Explains the position on the board by a network, and its calibration if there is one.
+Explanation explainPosition(const NetworkTable& table, const std::optional<Calibration>& calibration);
 
 // What one pattern does to the whole position.
 struct DecidingPattern {

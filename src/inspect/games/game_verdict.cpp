@@ -90,45 +90,7 @@ class MoveReview : public Board {
   std::int32_t plies = 0;  // that were played before the move in question
 };
 
-struct OddityTexts {
-  Oddity oddity;
-  const char* name;
-  std::string text;
-};
-
-const OddityTexts& textsOf(Oddity oddity) {
-  static const OddityTexts all[] = {
-      {Oddity::none, "none", "nothing"},
-      {Oddity::noResult, "noResult", "no result behind the moves"},
-      {Oddity::tooShort, "tooShort", std::to_string(QuietPositions::shortestGame - 1) + " plies or fewer"},
-      {Oddity::tooLong, "tooLong", "more than " + std::to_string(depthLimit - 2) + " plies"},
-      {Oddity::noPiece, "noPiece", "no piece can make the move"},
-      {Oddity::firstPiecePinned, "firstPiecePinned", "the first piece that fits is pinned"},
-      {Oddity::kingInCheck, "kingInCheck", "leaves the king in check"},
-      {Oddity::opponentInCheck, "opponentInCheck", "starts with the side not to move in check"},
-      {Oddity::castlingWithZeros, "castlingWithZeros", "castling with zeros is passed over"},
-      {Oddity::unreadableToken, "unreadableToken", "cannot be read, ends the game"},
-      {Oddity::noQuietPosition, "noQuietPosition", "no quiet position"}};
-  return *std::ranges::find(all, oddity, &OddityTexts::oddity);
-}
-
 }  // namespace
-
-const char* oddityName(Oddity oddity) {
-  return textsOf(oddity).name;
-}
-
-const char* oddityText(Oddity oddity) {
-  return textsOf(oddity).text.c_str();
-}
-
-void GameTally::add(const GameVerdict& verdict) {
-  ++games;
-  samples += verdict.samples;
-  if (verdict.hasResult()) ++withResult;
-  if (verdict.samples != 0) ++withSamples;
-  if (verdict.oddity != Oddity::none) ++(verdict.samples != 0 ? partly : withoutSamples)[verdict.oddity];
-}
 
 GameVerdict judgeGame(PgnGame& game, const QuietPositions::Visit& visit) {
   GameVerdict verdict;
@@ -152,17 +114,6 @@ GameVerdict judgeMoves(PgnGame& game) {
   GameVerdict verdict;
   MoveReview(game, true).judge(verdict);
   return verdict;
-}
-
-std::string tagValue(const PgnGame& game, std::string_view name) {
-  for (std::size_t index = 0; index < game.tags.size(); ++index) {
-    const std::string_view tag = game.tags[index];
-    if (!tag.starts_with(name) || tag.substr(name.size(), 1).find_first_not_of(" \t\"") == 0) continue;
-    const std::size_t begin = tag.find('"');
-    const std::size_t end = tag.rfind('"');
-    if (end != begin) return std::string(tag.substr(begin + 1, end - begin - 1));
-  }
-  return {};
 }
 
 }  // namespace quorvane::inspect

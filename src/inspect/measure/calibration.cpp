@@ -12,19 +12,11 @@ namespace {
 
 constexpr std::size_t fewestSamples = 1000;  // for a curve of its own
 
-std::vector<ScoredValue> scoredValues(const Measurement& measured) {
+double steepnessOf(const Predictions& predictions) {
   std::vector<ScoredValue> scored;
-  scored.reserve(measured.samples());
-  for (const Prediction& prediction : measured.predictions()) {
-    scored.push_back({prediction.value, scoreOf(prediction)});
-  }
-  return scored;
-}
-
-Mean meanOf(const Table<Mean, squareCount>& squares) {
-  Mean mean;
-  for (const Mean& square : squares) mean.add(square);
-  return mean;
+  scored.reserve(predictions.size());
+  for (const Prediction& prediction : predictions) scored.push_back({prediction.value, prediction.score()});
+  return fitSteepness(scored);
 }
 
 }  // namespace
@@ -57,20 +49,20 @@ std::string fingerprintOf(const NetworkTable& table) {
 Calibration calibrate(const std::string& networkName, const NetworkTable& table,
                       const Validation& validation) {
   Calibration calibration{networkName, fingerprintOf(table), validation.files, validation.games, 0.0, {}};
-  calibration.steepnessOfAllTypes = fitSteepness(scoredValues(validation.all));
+  calibration.steepnessOfAllTypes = steepnessOf(validation.all());
   for (PositionType type = 0; type < positionTypeCount; ++type) {
-    const Measurement& measured = validation.byType[type];
+    const Predictions& predictions = validation.byType[type];
     TypeCalibration& calibrated = calibration.types[type];
-    calibrated.samples = measured.samples();
+    calibrated.samples = predictions.size();
     calibrated.hasPatterns = validation.patterns[type] != 0;
-    calibrated.bands = measured.bands();
+    calibrated.bands = bandsOf(predictions);
     for (std::int32_t kind = 0; kind < pieceKindCount; ++kind) {
       calibrated.meanWorth[kind] = meanOf(validation.worth[type][kind]).value();
     }
     if (!calibrated.hasPatterns) continue;
-    calibrated.curveOfAllTypes = measured.samples() < fewestSamples;
+    calibrated.curveOfAllTypes = predictions.size() < fewestSamples;
     calibrated.steepness =
-        calibrated.curveOfAllTypes ? calibration.steepnessOfAllTypes : fitSteepness(scoredValues(measured));
+        calibrated.curveOfAllTypes ? calibration.steepnessOfAllTypes : steepnessOf(predictions);
   }
   return calibration;
 }

@@ -5,10 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "board/table.h"
-#include "board/types.h"
 #include "inspect/measure/validation.h"
-#include "network/network_table.h"
 
 namespace quorvane::inspect {
 

@@ -2,6 +2,7 @@
 
 #include <cmath>
 #include <fstream>
+#include <utility>
 
 #include "configurations/bit_names.h"
 #include "files/file_name.h"
@@ -11,20 +12,31 @@ namespace quorvane::inspect {
 
 namespace {
 
+constexpr std::pair<const char*, double Band::*> bandNumbers[] = {{"lowest", &Band::lowest},
+                                                                  {"highest", &Band::highest},
+                                                                  {"meanValue", &Band::meanValue},
+                                                                  {"meanTarget", &Band::meanTarget},
+                                                                  {"won", &Band::won},
+                                                                  {"drawn", &Band::drawn},
+                                                                  {"lost", &Band::lost}};
+
+Band bandFrom(const Json& json) {
+  Band band{};
+  band.samples = json.at("samples");
+  for (const auto& [name, number] : bandNumbers) band.*number = json.at(name);
+  return band;
+}
+
 Json typeJson(PositionType type, const TypeCalibration& calibrated) {
   Json worth = Json::object();
-  for (std::int32_t kind = 0; kind < pieceKindCount; ++kind) {
-    const std::optional<double>& mean = calibrated.meanWorth[kind];
-    worth[kindName(kind)] = mean ? Json(*mean) : Json();
-  }
-  Json bands = Json::array();
-  for (const Band& band : calibrated.bands) bands.push_back(bandJson(band));
+  for (std::int32_t kind = 0; kind < pieceKindCount; ++kind)
+    worth[kindName(kind)] = orNull(calibrated.meanWorth[kind]);
   return {{"type", type},
           {"samples", calibrated.samples},
           {"steepness", calibrated.hasPatterns ? Json(calibrated.steepness) : Json()},
           {"curveOfAllTypes", calibrated.curveOfAllTypes},
           {"meanWorth", worth},
-          {"bands", bands}};
+          {"bands", arrayOf(calibrated.bands, bandJson)}};
 }
 
 double steepnessFrom(const Json& json) {
@@ -43,11 +55,7 @@ TypeCalibration typeFrom(const Json& json) {
     const Json& mean = json.at("meanWorth").at(kindName(kind));
     if (!mean.is_null()) calibrated.meanWorth[kind] = mean.get<double>();
   }
-  for (const Json& band : json.at("bands")) {
-    calibrated.bands.push_back({band.at("samples"), band.at("lowest"), band.at("highest"),
-                                band.at("meanValue"), band.at("meanTarget"), band.at("won"), band.at("drawn"),
-                                band.at("lost")});
-  }
+  for (const Json& band : json.at("bands")) calibrated.bands.push_back(bandFrom(band));
   return calibrated;
 }
 
@@ -71,6 +79,12 @@ Calibration calibrationFrom(const Json& json) {
 
 std::string defaultCalibrationFile(const std::string& network) {
   return network + ".calibration.json";
+}
+
+Json bandJson(const Band& band) {
+  Json json{{"samples", band.samples}};
+  for (const auto& [name, number] : bandNumbers) json[name] = band.*number;
+  return json;
 }
 
 Json calibrationJson(const Calibration& calibration) {

@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-#include "inspect/json_output.h"
+#include "inspect/common/json.h"
 #include "inspect/measure/calibration.h"
 
 namespace quorvane::inspect {
@@ -15,6 +15,7 @@ inline constexpr std::string_view calibrationMarker = "quorvane-inspect calibrat
 // The file that is looked for where none is named: NETWORK.calibration.json.
 std::string defaultCalibrationFile(const std::string& network);
 
+Json bandJson(const Band& band);
 Json calibrationJson(const Calibration& calibration);
 
 // Throws a Fault if the file cannot be read, is no calibration, or is one of another network than `fingerprint` says.

@@ -1,13 +1,9 @@
 #ifndef QUORVANE_INSPECT_MEASURE_COMPARISON_H_
 #define QUORVANE_INSPECT_MEASURE_COMPARISON_H_
 
-#include <optional>
 #include <string>
 
-#include "board/table.h"
-#include "inspect/measure/calibration.h"
 #include "inspect/measure/judgement.h"
-#include "inspect/measure/validation.h"
 
 namespace quorvane::inspect {
 
@@ -46,7 +42,7 @@ struct Contender {
 Comparison compare(const Contender& first, const Contender& second);
 
 // Which is better, or that the games cannot tell; one line.
-std::string verdict(const Contender& first, const Contender& second, const Comparison& comparison);
+std::string conclusion(const Contender& first, const Contender& second, const Comparison& comparison);
 
 }  // namespace quorvane::inspect
 

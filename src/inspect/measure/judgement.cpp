@@ -12,7 +12,7 @@ namespace {
 constexpr std::size_t scoreBandCount = 10;
 
 // The factor c that makes sum (t - c m)^2 least: sum t m / sum m^2; 0 where no sample has a difference m.
-double materialFactor(const std::vector<Prediction>& predictions) {
+double materialFactor(const Predictions& predictions) {
   double products = 0.0;
   double squares = 0.0;
   for (const Prediction& prediction : predictions) {
@@ -23,18 +23,18 @@ double materialFactor(const std::vector<Prediction>& predictions) {
   return squares > 0.0 ? products / squares : 0.0;
 }
 
-Figures figuresOf(const Measurement& measured, double steepness) {
-  const double factor = materialFactor(measured.predictions());
+Figures figuresOf(const Predictions& predictions, double steepness) {
+  const double factor = materialFactor(predictions);
   std::vector<ScoredValue> byMaterial;
-  byMaterial.reserve(measured.samples());
-  for (const Prediction& prediction : measured.predictions()) {
-    byMaterial.push_back({factor * prediction.material, scoreOf(prediction)});
-  }
+  byMaterial.reserve(predictions.size());
+  for (const Prediction& prediction : predictions)
+    byMaterial.push_back({factor * prediction.material, prediction.score()});
   const double materialSteepness = fitSteepness(byMaterial);
   Figures figures;
-  figures.samples = measured.samples();
-  figures.decided = measured.decided();
-  for (const Prediction& prediction : measured.predictions()) {
+  figures.samples = predictions.size();
+  for (const Prediction& prediction : predictions) {
+    if (prediction.outcome != 0) ++figures.decided;
+    if (prediction.value * prediction.outcome > 0.0) ++figures.agreeing;
     figures.network.add(scoreOf(prediction, prediction.value, steepness));
     figures.zeros.add(scoreOf(prediction, 0.0, 0.0));
     figures.material.add(scoreOf(prediction, factor * prediction.material, materialSteepness));
@@ -42,14 +42,13 @@ Figures figuresOf(const Measurement& measured, double steepness) {
   return figures;
 }
 
-void addToBands(std::vector<ScoreBand>& bands, const Measurement& measured, double steepness) {
-  for (const Prediction& prediction : measured.predictions()) {
+void addToBands(std::vector<ScoreBand>& bands, const Predictions& predictions, double steepness) {
+  for (const Prediction& prediction : predictions) {
     const double expected = expectedScore(steepness, prediction.value);
     const auto place = static_cast<std::size_t>(expected * scoreBandCount);
     ScoreBand& band = bands[std::min(place, scoreBandCount - 1)];
-    ++band.samples;
-    band.expected += expected;
-    band.score += scoreOf(prediction);
+    band.expected.add(expected);
+    band.score.add(prediction.score());
   }
 }
 
@@ -91,51 +90,48 @@ std::string learnedIn(const Validation& validation, const Judgement& judgement) 
 }  // namespace
 
 void Score::add(const Score& other) {
-  squares += other.squares;
-  logLoss += other.logLoss;
-  brier += other.brier;
-  right += other.right;
+  for (const auto sum :
+       {&Score::squares, &Score::absolutes, &Score::hits, &Score::logLoss, &Score::brier, &Score::right}) {
+    this->*sum += other.*sum;
+  }
 }
 
 Score scoreOf(const Prediction& prediction, double value, double steepness) {
-  const ScoredValue scored{value, scoreOf(prediction)};
+  const ScoredValue scored{value, prediction.score()};
   const double error = prediction.target - value;
   const double miss = scored.score - expectedScore(steepness, value);
   const double agreement = value * prediction.outcome;
   const double right = prediction.outcome == 0 ? 0.0 : agreement > 0.0 ? 1.0 : agreement < 0.0 ? 0.0 : 0.5;
-  return {error * error, logLoss(steepness, scored), miss * miss, right};
+  return {error * error,
+          std::abs(error),
+          std::abs(error) < 1.0 ? 1.0 : 0.0,
+          logLoss(steepness, scored),
+          miss * miss,
+          right};
 }
 
 void Figures::add(const Figures& other) {
-  samples += other.samples;
-  decided += other.decided;
-  network.add(other.network);
-  zeros.add(other.zeros);
-  material.add(other.material);
+  for (const auto count : {&Figures::samples, &Figures::decided, &Figures::agreeing})
+    this->*count += other.*count;
+  for (const auto score : {&Figures::network, &Figures::zeros, &Figures::material})
+    (this->*score).add(other.*score);
 }
 
 Judgement judge(const Validation& validation, const Calibration& curves) {
   Judgement judgement;
-  for (std::size_t band = 0; band < scoreBandCount; ++band) {
-    judgement.scoreBands.push_back({static_cast<double>(band) / scoreBandCount, 0, 0.0, 0.0});
-  }
+  for (std::size_t band = 0; band < scoreBandCount; ++band)
+    judgement.scoreBands.push_back({static_cast<double>(band) / scoreBandCount, {}, {}});
   for (PositionType type = 0; type < positionTypeCount; ++type) {
-    const Measurement& measured = validation.byType[type];
     const double steepness = curves.types[type].steepness;
-    judgement.byType[type] = figuresOf(measured, steepness);
+    judgement.byType[type] = figuresOf(validation.byType[type], steepness);
     if (validation.patterns[type] == 0) continue;
     judgement.all.add(judgement.byType[type]);
-    addToBands(judgement.scoreBands, measured, steepness);
-  }
-  for (ScoreBand& band : judgement.scoreBands) {
-    if (band.samples == 0) continue;
-    band.expected /= static_cast<double>(band.samples);
-    band.score /= static_cast<double>(band.samples);
+    addToBands(judgement.scoreBands, validation.byType[type], steepness);
   }
   return judgement;
 }
 
-std::string verdict(const Validation& validation, const Judgement& judgement) {
+std::string conclusion(const Validation& validation, const Judgement& judgement) {
   const Figures& all = judgement.all;
   if (all.samples == 0) return "The network has no patterns for any position of these games.";
   std::string text = learnedIn(validation, judgement) + ": f(w) " +

@@ -4,19 +4,19 @@
 #include <string>
 #include <vector>
 
-#include "board/table.h"
 #include "inspect/measure/calibration.h"
-#include "inspect/measure/validation.h"
 
 namespace quorvane::inspect {
 
 // One way of telling what becomes of positions, summed up over samples.
 struct Score {
-  double squares = 0.0;  // of target minus value
-  double logLoss = 0.0;  // of the expected score, by natural logarithms
-  double brier = 0.0;    // squares of score minus expected score
-  double right =
-      0.0;  // samples of games that were not drawn, whose value names the winner; a value of 0 is half
+  double squares = 0.0;    // of target minus value
+  double absolutes = 0.0;  // the same without its sign
+  double hits = 0.0;       // samples with less than 1.0 of that
+  double logLoss = 0.0;    // of the expected score, by natural logarithms
+  double brier = 0.0;      // squares of score minus expected score
+  // Samples of games that were not drawn, whose value names the winner; a value of 0 is half.
+  double right = 0.0;
 
   void add(const Score& other);
 };
@@ -28,7 +28,8 @@ Score scoreOf(const Prediction& prediction, double value, double steepness);
 // least, fitted on these very samples, as is the curve of its expected score.
 struct Figures {
   std::size_t samples = 0;
-  std::size_t decided = 0;  // of games that were not drawn
+  std::size_t decided = 0;   // of games that were not drawn
+  std::size_t agreeing = 0;  // those among them whose value has the sign of the outcome
   Score network;
   Score zeros;
   Score material;
@@ -39,9 +40,8 @@ struct Figures {
 // The samples whose expected score lies in one tenth of the scale.
 struct ScoreBand {
   double from;  // up to 0.1 more
-  std::size_t samples = 0;
-  double expected = 0.0;  // mean expected score
-  double score = 0.0;     // mean score that they brought
+  Mean expected;
+  Mean score;  // that they brought
 };
 
 struct Judgement {
@@ -54,7 +54,7 @@ struct Judgement {
 Judgement judge(const Validation& validation, const Calibration& curves);
 
 // What a person can take from it: one or two sentences, on one line.
-std::string verdict(const Validation& validation, const Judgement& judgement);
+std::string conclusion(const Validation& validation, const Judgement& judgement);
 
 }  // namespace quorvane::inspect
 

@@ -1,122 +1,104 @@
 #include "inspect/measure/validation.h"
 
 #include <algorithm>
-#include <span>
+#include <memory>
 #include <tuple>
 #include <utility>
 
-#include "board/piece.h"
-#include "board/ring.h"
+#include "configurations/position_type.h"
 #include "inspect/common/fault.h"
 #include "inspect/common/game_files.h"
 #include "inspect/patterns/summary.h"
-#include "inspect/position/piece_worth.h"
 #include "inspect/position/position.h"
-#include "network/network.h"
 
 namespace quorvane::inspect {
 
 namespace {
 
-// Replays games and measures what the network says of their quiet positions.
+// The difference of material, as the side to move sees it.
+std::int32_t materialOf(const PositionSets& sets) {
+  const auto of = [&](Side side) { return quorvane::materialOf(countsOf(sets.pieces[side])); };
+  return of(sets.sideToMove) - of(opponent(sets.sideToMove));
+}
+
+// Replays games and measures what networks say of their quiet positions.
 class Validator : public Position {
  public:
-  Validator() {
-    for (PositionType type = 0; type < positionTypeCount; ++type) {
-      classifier.classifyPosition(type, false);
-      validation.patterns[type] = patternCount(classifier.row());
+  explicit Validator(std::span<const NetworkTable> tables) : validations(tables.size()) {
+    for (std::size_t index = 0; index < tables.size(); ++index) {
+      networks.push_back(std::make_unique<PositionValue>(tables[index]));
+      for (PositionType type = 0; type < positionTypeCount; ++type)
+        validations[index].patterns[type] = patternCount(tables[index][type]);
     }
   }
 
   void addFile(const std::string& file, const ShowProgress& showProgress) {
     PgnDatabase database = loadGames(file);
-    const std::size_t gamesBefore = validation.games;
-    const std::int32_t count = gameCount(database);
-    for (std::int32_t index = 0; index < count; ++index) {
-      addGame(*database.game(index));
-      showProgress(file, index + 1, count);
-    }
-    if (validation.games == gamesBefore) throw Fault(file, "holds no game with a result");
-    validation.files.push_back(file);
+    const std::size_t resultsBefore = tally.withResult;
+    forEachGame(database, file, showProgress, [&](std::int32_t, PgnGame& game) { addGame(game); });
+    if (tally.withResult == resultsBefore) throw Fault(file, "holds no game with a result");
   }
 
-  Validation finish() {
-    std::size_t samples = 0;
-    for (PositionType type = 0; type < positionTypeCount; ++type) {
-      samples += validation.byType[type].samples();
-      if (validation.patterns[type] != 0) validation.all.add(validation.byType[type]);
+  std::vector<Validation> finish(const std::vector<std::string>& files) {
+    if (tally.samples == 0) throw Fault(files.front(), "holds no position that the utility would learn from");
+    for (Validation& validation : validations) {
+      validation.files = files;
+      validation.games = tally.withResult;
+      validation.tally = tally;
     }
-    if (samples == 0)
-      throw Fault(validation.files.front(), "holds no position that the utility would learn from");
-    return std::move(validation);
+    return std::move(validations);
   }
 
  private:
   void addGame(PgnGame& game) {
-    const auto number = static_cast<std::uint32_t>(validation.games);
     const std::int32_t result = game.result();
-    if (result != noResult) ++validation.games;
-    const GameVerdict verdict = judgeGame(game, [&](std::int32_t target) {
-      const PositionType type = classifier.classifyPosition(Network::classifyBoard, false);
-      Network::computeConfigurations();
-      const Side side = currentMove.sideToMove;
-      Prediction prediction{0.0, target, side == white ? result : -result, 0, number};
-      addSide(prediction, type, side, 1);
-      addSide(prediction, type, opponent(side), -1);
-      validation.byType[type].add(prediction);
-    });
-    validation.tally.add(verdict);
+    tally.add(judgeGame(game, [&](std::int32_t target) { addSample(target, result); }));
   }
 
-  void addSide(Prediction& prediction, PositionType type, Side side, std::int32_t sign) {
-    for (const Piece& piece : Ring(kings[side])) {
-      const double worth = worths.of(type, piece.kind, piece.configuration);
-      const Square square = squareAt(relativeRank(side, rankOf(piece.square)), fileOf(piece.square));
-      validation.worth[type][piece.kind][square].add(worth);
-      prediction.value += sign * worth;
-      prediction.material += sign * piece.material;
+  void addSample(std::int32_t target, std::int32_t result) {
+    const DescribedPosition position = described();
+    const PositionType type = position.words.type;
+    const std::int32_t outcome = currentMove.sideToMove == white ? result : -result;
+    for (std::size_t index = 0; index < networks.size(); ++index) {
+      PieceWorth& worths = validations[index].worth[type];
+      const auto add = [&](Side side, std::int32_t kind, Square square, double worth) {
+        worths[kind][squareAt(relativeRank(side, rankOf(square)), fileOf(square))].add(worth);
+      };
+      const double value = networks[index]->of(position, add);
+      validations[index].byType[type].push_back({value, target, outcome, materialOf(position.sets),
+                                                 static_cast<std::uint32_t>(tally.withResult)});
     }
   }
 
-  Network classifier{Network::TableAsItStands{}};
-  PieceWorths worths;
-  Validation validation;
+  std::vector<std::unique_ptr<PositionValue>> networks;
+  std::vector<Validation> validations;
+  GameTally tally;  // of the games before the one at work
 };
 
 }  // namespace
 
-void Measurement::add(const Prediction& prediction) {
-  all.push_back(prediction);
-  residuals.add(prediction.target - prediction.value);
-  residualsOfZeros.add(prediction.target);
-  if (prediction.outcome == 0) return;
-  ++decidedSamples;
-  if (prediction.value * prediction.outcome > 0.0) ++agreeingSamples;
+Predictions Validation::all() const {
+  Predictions together;
+  for (PositionType type = 0; type < positionTypeCount; ++type) {
+    if (patterns[type] != 0) together.insert(together.end(), byType[type].begin(), byType[type].end());
+  }
+  return together;
 }
 
-void Measurement::add(const Measurement& other) {
-  all.insert(all.end(), other.all.begin(), other.all.end());
-  residuals.add(other.residuals);
-  residualsOfZeros.add(other.residualsOfZeros);
-  decidedSamples += other.decidedSamples;
-  agreeingSamples += other.agreeingSamples;
-}
-
-std::vector<Band> Measurement::bands() const {
+std::vector<Band> bandsOf(Predictions predictions) {
   constexpr std::size_t bandCount = 10;
-  std::vector<Prediction> sorted = all;
   // Targets break ties, so that the order of the games does not show.
-  std::ranges::sort(sorted, {}, [](const Prediction& prediction) {
+  std::ranges::sort(predictions, {}, [](const Prediction& prediction) {
     return std::tuple(prediction.value, prediction.target, prediction.outcome);
   });
   std::vector<Band> bands;
   for (std::size_t number = 0; number < bandCount; ++number) {
-    const std::size_t begin = sorted.size() * number / bandCount;
-    const std::size_t end = sorted.size() * (number + 1) / bandCount;
+    const std::size_t begin = predictions.size() * number / bandCount;
+    const std::size_t end = predictions.size() * (number + 1) / bandCount;
     if (begin == end) continue;
-    Band band{end - begin, sorted[begin].value, sorted[end - 1].value, 0.0, 0.0, 0.0, 0.0, 0.0};
+    Band band{end - begin, predictions[begin].value, predictions[end - 1].value, 0.0, 0.0, 0.0, 0.0, 0.0};
     const auto count = static_cast<double>(band.samples);
-    for (const Prediction& prediction : std::span(sorted).subspan(begin, end - begin)) {
+    for (const Prediction& prediction : std::span(predictions).subspan(begin, end - begin)) {
       band.meanValue += prediction.value / count;
       band.meanTarget += prediction.target / count;
       (prediction.outcome > 0 ? band.won : prediction.outcome < 0 ? band.lost : band.drawn) += 1.0;
@@ -127,10 +109,16 @@ std::vector<Band> Measurement::bands() const {
   return bands;
 }
 
-Validation validateOn(const std::vector<std::string>& files, const ShowProgress& showProgress) {
-  Validator validator;
+std::vector<Validation> validateOn(std::span<const NetworkTable> tables,
+                                   const std::vector<std::string>& files, const ShowProgress& showProgress) {
+  Validator validator(tables);
   for (const std::string& file : files) validator.addFile(file, showProgress);
-  return validator.finish();
+  return validator.finish(files);
+}
+
+Validation validateOn(const NetworkTable& table, const std::vector<std::string>& files,
+                      const ShowProgress& showProgress) {
+  return std::move(validateOn(std::span(&table, 1), files, showProgress).front());
 }
 
 }  // namespace quorvane::inspect

@@ -1,9 +1,9 @@
 #include "inspect/position/position.h"
 
 #include "board/board_fen.h"
+#include "board/piece.h"
 #include "inspect/common/fault.h"
 #include "inspect/common/game_files.h"
-#include "inspect/games/game_verdict.h"
 #include "inspect/position/fen_fault.h"
 
 namespace quorvane::inspect {
@@ -57,6 +57,13 @@ Origin Position::setGame(const std::string& fileName, std::int32_t number, std::
   }
   origin.fen = BoardFen::text();
   return origin;
+}
+
+DescribedPosition Position::described() {
+  const auto hasCastled = [](Side side) { return static_cast<const King*>(kings[side])->castled; };
+  const PositionSets sets{
+      squaresOf, currentMove.sideToMove, {{hasCastled(black), hasCastled(white)}}};
+  return {sets, quorvane::describe(sets)};
 }
 
 }  // namespace quorvane::inspect

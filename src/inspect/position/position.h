@@ -4,6 +4,7 @@
 #include <string>
 
 #include "board/board.h"
+#include "inspect/position/position_value.h"
 
 namespace quorvane::inspect {
 
@@ -36,6 +37,9 @@ class Position : public Board {
   // The position of the file's game `number`, from 1, behind its first `plies` moves. Throws a Fault if there
   // is no such game or no such ply.
   static Origin setGame(const std::string& fileName, std::int32_t number, std::int32_t plies);
+
+  // The position on the board.
+  static DescribedPosition described();
 };
 
 }  // namespace quorvane::inspect

@@ -15,10 +15,10 @@ namespace {
 std::vector<std::uint32_t> gamesByDifference(const Validation& validation, const Calibration& calibration) {
   std::map<std::uint32_t, Mean> differences;
   for (PositionType type = 0; type < positionTypeCount; ++type) {
-    for (const Prediction& prediction : validation.byType[type].predictions()) {
+    for (const Prediction& prediction : validation.byType[type]) {
       const auto expected = calibration.expectedScore(type, prediction.value);
       if (!expected) continue;
-      const double difference = (prediction.outcome + 1) / 2.0 - *expected;
+      const double difference = prediction.score() - *expected;
       differences[prediction.game].add(difference * difference);
     }
   }

@@ -5,7 +5,6 @@
 #include <utility>
 
 #include "inspect/common/game_files.h"
-#include "inspect/games/game_verdict.h"
 #include "inspect/position/position.h"
 
 namespace quorvane::inspect {
@@ -14,7 +13,8 @@ namespace {
 
 class TrailFollower : public Position {
  public:
-  static GameTrail follow(const std::string& file, std::int32_t number, PgnGame& game) {
+  static GameTrail follow(const std::string& file, std::int32_t number, PgnGame& game,
+                          const NetworkTable& table) {
     GameTrail trail{file,
                     number,
                     tagValue(game, "White"),
@@ -24,11 +24,11 @@ class TrailFollower : public Position {
                     game.result(),
                     {}};
     setupPosition(game.placement, game.sideToMove);
-    trail.steps.push_back({{}, noSquare, noSquare, explainPosition()});
+    trail.steps.push_back({{}, noSquare, noSquare, explainPosition(table, {})});
     for (DecodedMove move; game.nextMove(move) && playGameMove(move);) {
       const UndoRecord& made = history->record(history->depth);
       const std::string_view token = game.tokens[static_cast<std::size_t>(game.tokenCursor - 1)];
-      trail.steps.push_back({std::string(token), made.fromSquare, made.toSquare, explainPosition()});
+      trail.steps.push_back({std::string(token), made.fromSquare, made.toSquare, explainPosition(table, {})});
     }
     return trail;
   }
@@ -37,7 +37,7 @@ class TrailFollower : public Position {
 }  // namespace
 
 std::vector<GameTrail> followGames(const std::vector<std::string>& files,
-                                   const std::vector<std::uint32_t>& games) {
+                                   const std::vector<std::uint32_t>& games, const NetworkTable& table) {
   const TrailFollower follower;
   std::map<std::uint32_t, GameTrail> trails;
   std::uint32_t next = 0;
@@ -46,7 +46,8 @@ std::vector<GameTrail> followGames(const std::vector<std::string>& files,
     PgnGame* game;
     for (std::int32_t index = 0; (game = database.game(index)) != nullptr; ++index) {
       if (game->result() == noResult) continue;
-      if (std::ranges::count(games, next) != 0) trails.emplace(next, follower.follow(file, index + 1, *game));
+      if (std::ranges::count(games, next) != 0)
+        trails.emplace(next, follower.follow(file, index + 1, *game, table));
       ++next;
     }
   }

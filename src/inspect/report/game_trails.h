@@ -32,7 +32,7 @@ struct GameTrail {
 // Replays games of the files, up to a move that cannot be played, in the order of `games`: numbers as in
 // Prediction::game. Throws a Fault for a file that can no longer be read.
 std::vector<GameTrail> followGames(const std::vector<std::string>& files,
-                                   const std::vector<std::uint32_t>& games);
+                                   const std::vector<std::uint32_t>& games, const NetworkTable& table);
 
 }  // namespace quorvane::inspect
 

@@ -10,8 +10,8 @@
 #include "configurations/position_type.h"
 #include "files/file_name.h"
 #include "inspect/measure/calibration_file.h"
-#include "inspect/measure/judgement.h"
-#include "network/network.h"
+#include "inspect/measure/measure_output.h"
+#include "inspect/patterns/summary_output.h"
 
 namespace quorvane::inspect {
 
@@ -19,24 +19,14 @@ namespace {
 
 Json bitNamesJson(PositionType type, std::int32_t kind) {
   Json names = Json::array();
-  for (std::int32_t bit = 0; bit < configurationBits; ++bit) {
+  for (std::int32_t bit = 0; bit < configurationBits; ++bit)
     names.push_back(bitName(type, kind, configurationBit(bit)));
-  }
   return names;
 }
 
-Json placesJson(std::int32_t kind) {
-  Json places = Json::array();
-  for (Square square = 0; square < squareCount; ++square) places.push_back(placeBits(kind, white, square));
-  return places;
-}
-
 Json fullListJson(const ListSummary& list) {
-  Json json = listJson(list);
-  Json nodes = Json::array();
-  for (const PatternNode& node : *list.list) nodes.push_back({node.mask, shortest(node.weight)});
-  json["nodes"] = nodes;
-  return json;
+  const auto nodeJson = [](const PatternNode& node) { return Json{node.mask, shortest(node.weight)}; };
+  return joined(listJson(list), {{"nodes", arrayOf(*list.list, nodeJson)}});
 }
 
 // Seconds since 1970, null for a file that is gone.
@@ -69,10 +59,10 @@ Json stepJson(const TrailStep& step) {
 }
 
 Json trailJson(const GameTrail& trail) {
-  Json steps = Json::array();
-  for (const TrailStep& step : trail.steps) steps.push_back(stepJson(step));
-  return {{"file", trail.file},   {"number", trail.number}, {"white", trail.white},   {"black", trail.black},
-          {"event", trail.event}, {"date", trail.date},     {"result", trail.result}, {"steps", steps}};
+  return {{"file", trail.file},     {"number", trail.number},
+          {"white", trail.white},   {"black", trail.black},
+          {"event", trail.event},   {"date", trail.date},
+          {"result", trail.result}, {"steps", arrayOf(trail.steps, stepJson)}};
 }
 
 // Kinds that were seen in the type, by square.
@@ -80,16 +70,14 @@ Json worthJson(const Table<PieceWorth, positionTypeCount>& worthByType) {
   Json json = Json::array();
   for (PositionType type = 0; type < positionTypeCount; ++type) {
     for (std::int32_t kind = 0; kind < pieceKindCount; ++kind) {
-      Json counts = Json::array();
-      Json means = Json::array();
-      std::size_t seen = 0;
-      for (const Mean& worth : worthByType[type][kind]) {
-        seen += worth.count;
-        counts.push_back(worth.count);
-        means.push_back(worth.value() ? Json(shortest(static_cast<float>(*worth.value()))) : Json());
-      }
-      if (seen == 0) continue;
-      json.push_back({{"type", type}, {"kind", kindName(kind)}, {"counts", counts}, {"means", means}});
+      const auto& worths = worthByType[type][kind];
+      if (meanOf(worths).count == 0) continue;
+      json.push_back({{"type", type},
+                      {"kind", kindName(kind)},
+                      {"counts", arrayOf(worths, [](const Mean& worth) { return worth.count; })},
+                      {"means", arrayOf(worths, [](const Mean& worth) {
+                         return worth.value() ? Json(shortest(static_cast<float>(*worth.value()))) : Json();
+                       })}});
     }
   }
   return json;
@@ -110,20 +98,18 @@ Json pageData(const PageInput& input, const NetworkTable& table) {
   for (std::int32_t kind = 0; kind < pieceKindCount; ++kind) {
     json["kinds"].push_back(kindName(kind));
     json["bits"][kindName(kind)] = bitNamesJson(lastPositionType, kind);
-    json["places"][kindName(kind)] = placesJson(kind);
+    json["places"][kindName(kind)] = placeBitsOfWhite[kind].entries;
     json["always"][kindName(kind)] = alwaysHolds(kind);
   }
-  json["lists"] = Json::array();
-  for (const ListSummary& list : summarise(table, {})) json["lists"].push_back(fullListJson(list));
+  json["lists"] = arrayOf(summarise(table, {}), fullListJson);
   json["validation"] = Json();
   if (input.validation && input.calibration) {
-    const Judgement judgement = judge(*input.validation, *input.calibration);
-    json["validation"] = validateJson(input.networkName, *input.validation, judgement);
+    json["validation"] =
+        validateJson(input.networkName, *input.validation, judge(*input.validation, *input.calibration));
   }
   json["calibration"] = input.calibration ? calibrationJson(*input.calibration) : Json();
   json["worth"] = input.validation ? worthJson(input.validation->worth) : Json::array();
-  json["games"] = Json::array();
-  for (const GameTrail& trail : input.games) json["games"].push_back(trailJson(trail));
+  json["games"] = arrayOf(input.games, trailJson);
   return json;
 }
 

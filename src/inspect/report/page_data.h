@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "inspect/json_output.h"
+#include "inspect/common/json.h"
 #include "inspect/measure/calibration.h"
 #include "inspect/report/game_trails.h"
 

@@ -1,9 +1,10 @@
-#include "inspect/common/output_target.h"
+#include "inspect/common/output_file.h"
 
 #include <filesystem>
 #include <fstream>
 
 #include "files/file_name.h"
+#include "files/replace_file.h"
 #include "inspect/common/fault.h"
 
 namespace quorvane::inspect {
@@ -39,6 +40,19 @@ void refuseHarm(const std::string& target, const std::vector<std::string>& input
     throw Fault(target,
                 "exists and is no " + what + " of quorvane-inspect; remove it first, or choose another name");
   }
+}
+
+void writeOutput(const std::string& target, std::string_view text) {
+  std::error_code error;
+  const fs::path path = pathOf(target);
+  if (fs::is_directory(path, error)) throw Fault(target, "is a folder");
+  if (replaceFile(path, text) != Saved::yes) throw Fault(target, "cannot be written");
+}
+
+std::string writtenText(const std::string& target) {
+  std::error_code error;
+  const auto size = fs::file_size(pathOf(target), error);
+  return "wrote " + target + (error ? "" : ", " + std::to_string((size + 1023) / 1024) + " KB");
 }
 
 }  // namespace quorvane::inspect

@@ -5,7 +5,7 @@
 #include "board/square_name.h"
 #include "configurations/bit_names.h"
 #include "inspect/common/text_columns.h"
-#include "inspect/text_output.h"
+#include "inspect/explain/explanation_output.h"
 
 namespace quorvane::inspect {
 
@@ -13,7 +13,6 @@ namespace {
 
 constexpr std::size_t standingOut = 3;  // pieces
 constexpr std::size_t patternsOfPiece = 3;
-constexpr std::size_t deciding = 5;  // patterns of the position
 
 const char* sideName(Side side) {
   return side == white ? "White" : "Black";
@@ -23,35 +22,20 @@ std::string pieceName(const ExplainedPiece& piece) {
   return std::string(kindName(piece.kind)) + " " + squareName(piece.square);
 }
 
-// How much more the piece is worth than such a piece on average; nothing without a calibration.
-std::optional<double> differenceOf(const Explanation& explanation, const ExplainedPiece& piece,
-                                   const Calibration* calibration) {
-  if (calibration == nullptr) return {};
-  const std::optional<double>& mean = calibration->types[explanation.type].meanWorth[piece.kind];
-  if (!mean) return {};
-  return piece.value - *mean;
-}
-
-std::string headText(const Origin& origin, const Explanation& explanation, const Calibration* calibration,
+std::string headText(const Origin& origin, const Explanation& explanation,
                      const std::string& howToCalibrate) {
   std::string text = wrapped(printable(origin.fen, 200), 0);
   std::string place;
-  if (!origin.white.empty() || !origin.black.empty()) {
+  if (!origin.white.empty() || !origin.black.empty())
     place = printable(origin.white, 60) + " - " + printable(origin.black, 60);
-  }
   if (!origin.move.empty()) place += (place.empty() ? "After " : ", after ") + printable(origin.move, 20);
   if (!place.empty()) text += wrapped(place, 0);
-  const char* const mover = sideName(explanation.sideToMove);
-  text += std::string(mover) + " to move: " + withSign(explanation.total());
-  if (calibration != nullptr) {
-    const std::optional<double> score = calibration->expectedScore(explanation.type, explanation.total());
-    if (score) text += ", expected score " + asPercent(*score);
-  }
+  text += std::string(sideName(explanation.sideToMove)) + " to move: " + withSign(explanation.total());
+  if (explanation.expectedScore) text += ", expected score " + asPercent(*explanation.expectedScore);
   text += "\nPosition type " + std::to_string(explanation.type) + ", " + typeName(explanation.type);
   if (!explanation.typeHasPatterns) text += "; the network has no patterns for it";
   text += '\n';
-  if (calibration == nullptr) text += wrapped("For expected scores: " + howToCalibrate, 4);
-  return text;
+  return explanation.calibrated ? text : text + wrapped("For expected scores: " + howToCalibrate, 4);
 }
 
 // The piece letters of the board, white ones in capitals.
@@ -78,32 +62,27 @@ std::vector<const ExplainedPiece*> piecesOf(const Explanation& explanation, Side
 }
 
 // Board, White's pieces, Black's pieces, side by side.
-std::string piecesText(const Explanation& explanation, const Calibration* calibration) {
+std::string piecesText(const Explanation& explanation) {
   const std::vector<std::string> board = boardLines(explanation);
   const std::vector<const ExplainedPiece*> sides[] = {piecesOf(explanation, white),
                                                       piecesOf(explanation, black)};
-  const bool whiteMoves = explanation.sideToMove == white;
-  const double sums[] = {whiteMoves ? explanation.ownSum : explanation.opposingSum,
-                         whiteMoves ? explanation.opposingSum : explanation.ownSum};
-  const bool compares = calibration != nullptr;
+  const bool compares = explanation.calibrated;
   TextColumns columns(compares ? "llrrlrr" : "llrlr");
-  std::vector<std::string> head{""};
-  for (std::size_t side = 0; side < 2; ++side) {
-    head.emplace_back(side == 0 ? "White" : "Black");
-    head.push_back(withSign(sums[side]));
-    if (compares) head.emplace_back("vs mean");
+  std::vector<std::string> cells{""};
+  for (const Side side : {white, black}) {
+    cells.insert(cells.end(), {sideName(side), withSign(explanation.sums[side])});
+    if (compares) cells.emplace_back("vs mean");
   }
-  columns.add(head);
+  columns.add(cells);
   const std::size_t count = std::max({board.size(), sides[0].size(), sides[1].size()});
   for (std::size_t line = 0; line < count; ++line) {
-    std::vector<std::string> cells{line < board.size() ? board[line] : ""};
+    cells = {line < board.size() ? board[line] : ""};
     for (const auto& pieces : sides) {
-      const bool any = line < pieces.size();
-      cells.push_back(any ? pieceName(*pieces[line]) : "");
-      cells.push_back(any ? withSign(pieces[line]->value) : "");
+      const ExplainedPiece* const piece = line < pieces.size() ? pieces[line] : nullptr;
+      cells.push_back(piece != nullptr ? pieceName(*piece) : "");
+      cells.push_back(piece != nullptr ? withSign(piece->value) : "");
       if (!compares) continue;
-      const std::optional<double> difference =
-          any ? differenceOf(explanation, *pieces[line], calibration) : std::nullopt;
+      const std::optional<double> difference = piece != nullptr ? piece->aboveMean() : std::nullopt;
       cells.push_back(difference ? withSign(*difference) : "");
     }
     columns.add(cells);
@@ -137,17 +116,16 @@ std::string patternsText(PositionType type, const ExplainedPiece& piece, std::si
   return text;
 }
 
-std::string detailText(const Explanation& explanation, const Calibration* calibration,
-                       std::optional<std::size_t> top) {
+std::string detailText(const Explanation& explanation, std::optional<std::size_t> top) {
   std::vector<const ExplainedPiece*> pieces;
   for (const ExplainedPiece& piece : explanation.pieces) pieces.push_back(&piece);
   std::string text = "Patterns of each piece\n";
   if (!top) {
     std::ranges::stable_sort(pieces, std::greater(), [&](const ExplainedPiece* piece) {
-      return std::abs(differenceOf(explanation, *piece, calibration).value_or(piece->value));
+      return std::abs(piece->aboveMean().value_or(piece->value));
     });
     pieces.resize(std::min(pieces.size(), standingOut));
-    text = calibration != nullptr ? "The pieces furthest from the mean of their kind\n"
+    text = explanation.calibrated ? "The pieces furthest from the mean of their kind\n"
                                   : "The pieces that are worth most or least\n";
   }
   for (const ExplainedPiece* const piece : pieces) {
@@ -167,7 +145,7 @@ std::string squaresText(const std::vector<Square>& squares) {
 std::string decidingText(const Explanation& explanation) {
   const char* const mover = sideName(explanation.sideToMove);
   std::string text = std::string("The patterns that decide it, as ") + mover + " sees them\n";
-  for (const DecidingPattern& pattern : decidingPatterns(explanation, deciding)) {
+  for (const DecidingPattern& pattern : decidingPatterns(explanation, decidingPatternsTold)) {
     std::string name =
         kindName(pattern.kind) + (": " + patternName(explanation.type, pattern.kind, pattern.mask)) + " (";
     if (!pattern.own.empty()) name += mover + squaresText(pattern.own);
@@ -181,12 +159,11 @@ std::string decidingText(const Explanation& explanation) {
 
 }  // namespace
 
-std::string explainText(const Origin& origin, const Explanation& explanation, const Calibration* calibration,
-                        std::optional<std::size_t> top, const std::string& howToCalibrate) {
-  std::string text = headText(origin, explanation, calibration, howToCalibrate) + "\n" +
-                     piecesText(explanation, calibration);
+std::string explainText(const Origin& origin, const Explanation& explanation, std::optional<std::size_t> top,
+                        const std::string& howToCalibrate) {
+  const std::string text = headText(origin, explanation, howToCalibrate) + "\n" + piecesText(explanation);
   if (!explanation.typeHasPatterns) return text;
-  return text + "\n" + detailText(explanation, calibration, top) + "\n" + decidingText(explanation);
+  return text + "\n" + detailText(explanation, top) + "\n" + decidingText(explanation);
 }
 
 }  // namespace quorvane::inspect

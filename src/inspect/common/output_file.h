@@ -1,14 +1,11 @@
-#ifndef QUORVANE_INSPECT_COMMON_OUTPUT_TARGET_H_
-#define QUORVANE_INSPECT_COMMON_OUTPUT_TARGET_H_
+#ifndef QUORVANE_INSPECT_COMMON_OUTPUT_FILE_H_
+#define QUORVANE_INSPECT_COMMON_OUTPUT_FILE_H_
 
 #include <string>
 #include <string_view>
 #include <vector>
 
 namespace quorvane::inspect {
-
-// Every page has this near its beginning, and is known by it.
-inline constexpr std::string_view pageMarker = R"(<meta name="generator" content="quorvane-inspect">)";
 
 // Throws a Fault if `target` is one of the files that are read, by whatever name it goes, or a folder.
 void refuseInput(const std::string& target, const std::vector<std::string>& inputs);
@@ -22,6 +19,12 @@ bool holdsSomething(const std::string& target);
 void refuseHarm(const std::string& target, const std::vector<std::string>& inputs, std::string_view marker,
                 const std::string& what);
 
+// Makes the text the content of the file, or throws a Fault and leaves what was there.
+void writeOutput(const std::string& target, std::string_view text);
+
+// "wrote out.pgn, 12 KB", without the size where there is none to tell.
+std::string writtenText(const std::string& target);
+
 }  // namespace quorvane::inspect
 
-#endif  // QUORVANE_INSPECT_COMMON_OUTPUT_TARGET_H_
+#endif  // QUORVANE_INSPECT_COMMON_OUTPUT_FILE_H_
