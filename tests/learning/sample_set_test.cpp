@@ -9,8 +9,8 @@
 namespace quorvane {
 namespace {
 
-// Samples follow each other as in games, or have nothing in common: lists that grow, shrink and change their kinds, up to
-// full ones and down to none, over many blocks.
+// Samples follow each other as in games, or have nothing in common: lists that grow, shrink and change their
+// kinds, up to full ones and down to none, over many blocks.
 TEST(SampleSet, GivesBackWhatWasAppended) {
   std::mt19937 random(1);
   const auto below = [&](std::size_t end) { return random() % end; };

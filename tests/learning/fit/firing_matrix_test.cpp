@@ -13,7 +13,8 @@
 namespace quorvane {
 namespace {
 
-// A list of random patterns of one to three bits, in preorder as the search leaves them, and different random words.
+// A list of random patterns of one to three bits, in preorder as the search leaves them, and different random
+// words.
 struct Problem {
   // Patterns hold no bits but `patternBits`.
   Problem(std::uint32_t seed, ConfigurationWord patternBits) : random(seed) {

@@ -97,9 +97,10 @@ TEST_F(Fit, EmptySetTakesOneStepAndHitsAll) {
             "Building preconditioner ... done.\n\nWeight fitting . done.\n\nHit percentage: 100%\n\n");
 }
 
-// Both fits, plain and fast, follow one set of formulas; this judges the formulas themselves. The normal equations: at the
-// least f(w), the residuals stand at right angles to the net counts of every pattern. Here patterns of several kinds
-// overlap, both sides have them, and targets are large, so that the tolerance of the fit is small against them.
+// Both fits, plain and fast, follow one set of formulas; this judges the formulas themselves. The normal
+// equations: at the least f(w), the residuals stand at right angles to the net counts of every pattern. Here
+// patterns of several kinds overlap, both sides have them, and targets are large, so that the tolerance of
+// the fit is small against them.
 TEST_F(Fit, SolvesTheNormalEquations) {
   std::mt19937 random(31);
   const auto list = [&] {
