@@ -32,8 +32,8 @@ class Learner : public Board {
   void searchAllPatterns();
   // Has any learned type a pattern? If not, the network would be empty of them.
   static bool foundPatterns();
-  // Fits the weights of all learned types, and saves the network after each; gives what became of the last save.
-  // The samples are gone then.
+  // Fits the weights of all learned types, and saves the network after each; gives what became of the last
+  // save. The samples are gone then.
   Saved fitAllWeights();
   // The same, with somebody else to tell how it goes.
   Saved fitAllWeights(FitProgress& progress);

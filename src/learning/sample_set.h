@@ -13,10 +13,10 @@ namespace quorvane {
 
 // The samples of one position type, in the order of storing; SampleWalk reads them.
 //
-// Half of a sample's pieces have the words that they had in the sample before the last one, which most often comes from
-// two plies later in the same game. So a sample is stored as what changes from that one, or from the last one if that is
-// nearer: a set of seats, and the word that comes to each of them. A seat is that of a piece in the lists: own pieces
-// from 0, opposing ones from piecesPerSide on.
+// Half of a sample's pieces have the words that they had in the sample before the last one, which most often
+// comes from two plies later in the same game. So a sample is stored as what changes from that one, or from
+// the last one if that is nearer: a set of seats, and the word that comes to each of them. A seat is that of
+// a piece in the lists: own pieces from 0, opposing ones from piecesPerSide on.
 class SampleSet {
  public:
   static constexpr std::int32_t seatCount = 2 * piecesPerSide;
@@ -28,8 +28,8 @@ class SampleSet {
   // Destroys the samples and gives back the storage, but for that of an empty set.
   void release();
 
-  // Copies a sample into the set: the pieces of the side to move, those of the other side, at most piecesPerSide each,
-  // and the target.
+  // Copies a sample into the set: the pieces of the side to move, those of the other side, at most
+  // piecesPerSide each, and the target.
   void append(std::span<const PieceConfiguration> ownList, std::span<const PieceConfiguration> opposingList,
               std::int32_t target);
 
@@ -82,9 +82,9 @@ class SampleSet {
   // Where the next record goes.
   std::uint32_t* recordStart();
 
-  // Records of 32-bit numbers: the target, the set of seats that change, kinds if the form says so, and the words of
-  // the pieces that stand on changed seats, in ascending order. None is cut by the end of a block. Blocks never move, and
-  // each is as large as all before it.
+  // Records of 32-bit numbers: the target, the set of seats that change, kinds if the form says so, and the
+  // words of the pieces that stand on changed seats, in ascending order. None is cut by the end of a block.
+  // Blocks never move, and each is as large as all before it.
   std::vector<Block> blocks;
   std::size_t room = 0;  // of all blocks
   std::size_t blocksInUse = 0;

@@ -34,8 +34,8 @@ class SampleWalk {
   }
   std::int32_t target() const { return presentTarget; }
 
-  // The seats at which the present sample may differ from the one before the last, as a set; and whose turn it is of the
-  // two rows that hold every other sample: 0 or 1.
+  // The seats at which the present sample may differ from the one before the last, as a set; and whose turn
+  // it is of the two rows that hold every other sample: 0 or 1.
   std::uint32_t changedSeats() const { return changed; }
   std::int32_t turn() const { return newest; }
 

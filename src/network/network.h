@@ -49,17 +49,18 @@ class Network : public ConfigurationPass {
   // REQUIRES: the list of that kind has such a node.
   PatternNode& nodeAt(PieceKind kind, std::int32_t index);
 
-  // Read and write the whole network table, in stored_network.cpp; network_file.h has the format, replace_file.h
-  // what a save does to files and gives. Report on standard output.
+  // Read and write the whole network table, in stored_network.cpp; network_file.h has the format,
+  // replace_file.h what a save does to files and gives. Report on standard output.
   static void loadNetwork();
   static Saved saveNetwork();
-  // The file that they read and write, in UTF-8 on Windows: network.dat, unless told before the first Network.
+  // The file that they read and write, in UTF-8 on Windows: network.dat, unless told before the first
+  // Network.
   static void useFile(const std::string& name) { fileInUse = name; }
 
-  // The steps of the fit; learning/fit/conjugate_gradients.cpp defines them. They give the residuals at the weights
-  // that they found, and change the weights; with reportOnly nothing changes, and the caches are those that
-  // hitPercentage, called before it, has filled. The first leaves the preconditioner in the nodes and takes the first
-  // step. REQUIRES: the system is that of the row in use.
+  // The steps of the fit; learning/fit/conjugate_gradients.cpp defines them. They give the residuals at the
+  // weights that they found, and change the weights; with reportOnly nothing changes, and the caches are
+  // those that hitPercentage, called before it, has filled. The first leaves the preconditioner in the nodes
+  // and takes the first step. REQUIRES: the system is that of the row in use.
   Residuals buildPreconditioner(FitSystem& system);
   Residuals conjugateStep(FitSystem& system, bool reportOnly);
   // Percentage of samples whose value is less than 1.0 away from the target; 100 for an empty set.

@@ -21,6 +21,15 @@ struct QuietStart {
   CapturedOutput start;
 };
 
+// Sets what a node tells of its subtree, once that is behind it in the list.
+inline void closeNode(NodeList& list, std::size_t index) {
+  PatternNode& node = list[index];
+  node.skip = static_cast<std::int32_t>(list.size() - index);
+  for (std::size_t child = index + 1; child < list.size();
+       child += static_cast<std::size_t>(list[child].skip))
+    node.childBits |= list[child].mask & ~node.mask;
+}
+
 class LearningTest : public ::testing::Test, private QuietStart, public Learner {
  protected:
   void TearDown() override { clearNetworkTable(); }
@@ -37,9 +46,9 @@ class LearningTest : public ::testing::Test, private QuietStart, public Learner 
     std::mt19937 random(seed);
     const auto below = [&](std::uint32_t end) { return static_cast<std::uint32_t>(random()) % end; };
     const auto list = [&] {
-      std::vector<PieceConfiguration> pieces{{0, kingKind}};
-      for (std::uint32_t piece = below(12); piece > 0; --piece)
-        pieces.push_back({0, static_cast<std::uint8_t>(below(5))});
+      std::vector<PieceConfiguration> pieces(1 + below(12), {0, kingKind});
+      for (PieceConfiguration& piece : std::span(pieces).subspan(1))
+        piece.kind = static_cast<std::uint8_t>(below(5));
       for (PieceConfiguration& piece : pieces) {
         const ConfigurationWord base = 0x9241'8003U * (below(24) + 1);
         piece.word = base ^ (below(3) == 0 ? 0x0001'0001U << below(16) : 0U);
@@ -47,15 +56,14 @@ class LearningTest : public ::testing::Test, private QuietStart, public Learner 
       return pieces;
     };
     set.clear();
-    std::vector<std::pair<std::vector<PieceConfiguration>, std::vector<PieceConfiguration>>> before;
-    for (std::size_t sample = 0; sample < count; ++sample) {
+    std::vector<std::vector<PieceConfiguration>> own;
+    std::vector<std::vector<PieceConfiguration>> opposing;
+    for (std::uint32_t sample = 0; sample < count; ++sample) {
       // Openings come again: every fourth sample is one that was there before, but for its target.
-      if (sample == 0 || below(4) != 0) {
-        before.emplace_back(list(), list());
-      } else {
-        before.push_back(before[below(static_cast<std::uint32_t>(sample))]);
-      }
-      set.append(before.back().first, before.back().second, static_cast<std::int32_t>(below(120)) - 60);
+      const std::uint32_t again = sample == 0 || below(4) != 0 ? sample : below(sample);
+      own.push_back(again == sample ? list() : own[again]);
+      opposing.push_back(again == sample ? list() : opposing[again]);
+      set.append(own.back(), opposing.back(), static_cast<std::int32_t>(below(120)) - 60);
     }
   }
 

@@ -36,10 +36,8 @@ TEST_F(Classifier, TakesARequestedTypeAndClearsCachesIfTold) {
   network.classifyPosition(9, true);
   EXPECT_EQ(network.evaluate(sample), 0.0);
   clearNetworkTable();
-  for (PositionType type = 0; type < positionTypeCount; ++type) {
-    EXPECT_EQ(network.classifyPosition(type, false), type);
-    EXPECT_EQ(pawnEnding, type == 1 || type == 4) << type;
-  }
+  EXPECT_EQ(network.classifyPosition(4, false), 4);
+  EXPECT_TRUE(pawnEnding);
 }
 
 }  // namespace

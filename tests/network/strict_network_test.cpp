@@ -6,6 +6,7 @@
 #include <string>
 
 #include "network/network_file.h"
+#include "support/network_tables.h"
 
 namespace quorvane {
 namespace {
@@ -13,14 +14,6 @@ namespace {
 using Values = std::initializer_list<std::uint32_t>;
 
 constexpr std::uint32_t weightOne = 0x3f800000;  // the weight 1.0
-
-std::string bytesOf(Values values) {
-  std::string bytes;
-  for (const std::uint32_t value : values) {
-    for (int shift = 0; shift < 32; shift += 8) bytes += static_cast<char>(value >> shift);
-  }
-  return bytes;
-}
 
 // What is wrong with a file of these bytes, if anything.
 std::string damageOf(const std::string& bytes) {
@@ -34,7 +27,7 @@ std::string damageOf(const std::string& bytes) {
 }
 
 TEST(StrictNetwork, ReadsWhatIsWhole) {
-  std::istringstream file(bytesOf(
+  std::istringstream file(networkBytes(
       {1, 0, 1, 6, 2, 12, weightOne, 3, 6, 0, weightOne, 1, 10, 0, weightOne, 1, 4, 0, weightOne, 1, 0, 2}));
   NetworkTable table = readStrictly(file);
   EXPECT_EQ(table[6][pawnKind].size(), 4U);
@@ -67,9 +60,9 @@ TEST(StrictNetwork, TellsWhatIsDamagedInOneLine) {
                {{1, 4, 2, weightOne, 2, 6, 0, weightOne, 1, 0, 2}, unordered},
                {{1, 0, 0, 3, 0, 1, 13, 2, 4, weightOne, 2, 12, 0, weightOne, 1, 0, 2},
                 "is damaged: rook pattern 2 of type 13 does not add one bit to the pattern that it extends"}};
-  for (const auto& [file, damage] : cases) EXPECT_EQ(damageOf(bytesOf(file)), damage);
-  EXPECT_EQ(damageOf(bytesOf({1, 0}).substr(0, 7)), "is cut short at byte 7");
-  EXPECT_EQ(damageOf(bytesOf({1}).substr(0, 3)), "is cut short at byte 3");
+  for (const auto& [file, damage] : cases) EXPECT_EQ(damageOf(networkBytes(file)), damage);
+  EXPECT_EQ(damageOf(networkBytes({1, 0}).substr(0, 7)), "is cut short at byte 7");
+  EXPECT_EQ(damageOf(networkBytes({1}).substr(0, 3)), "is cut short at byte 3");
 }
 
 }  // namespace

@@ -19,7 +19,8 @@ class QuietPositions : public Board {
   static constexpr std::int32_t shortestGame = 11;  // plies
 
   // Replays the game, rewound, and visits its quiet positions from the last one back. `result` is the game's,
-  // not noResult. A game that is too short or holds a move that cannot be played has none; false for the latter.
+  // not noResult. A game that is too short or holds a move that cannot be played has none; false for the
+  // latter.
   static bool forEach(PgnGame& game, std::int32_t result, const Visit& visit);
 };
 

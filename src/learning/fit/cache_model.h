@@ -11,8 +11,8 @@
 
 namespace quorvane {
 
-// Tells which words a pass over all samples misses in the evaluation caches. Whether one is found does not depend on what
-// the words are worth: so the caches keep a number of each word in place of its value.
+// Tells which words a pass over all samples misses in the evaluation caches. Whether one is found does not
+// depend on what the words are worth: so the caches keep a number of each word in place of its value.
 class CacheModel {
  public:
   static constexpr std::uint32_t unknownNumber = ConfigurationTable::noNumber;
@@ -29,8 +29,9 @@ class CacheModel {
     return static_cast<std::uint32_t>(cache * EvalCache::size + EvalCache::indexOf(piece.word));
   }
 
-  // Looks the word of that index up and stores it. All caches are clear at first. `number` is that of the word, or
-  // unknownNumber; a word that is found brings the number that it was stored with, which may be unknown as well.
+  // Looks the word of that index up and stores it. All caches are clear at first. `number` is that of the
+  // word, or unknownNumber; a word that is found brings the number that it was stored with, which may be
+  // unknown as well.
   bool misses(ConfigurationWord word, std::uint32_t index, const LookUp& lookUp, std::uint32_t& number) {
     Cache& cache = caches[static_cast<std::int32_t>(index / EvalCache::size)];
     if (cache.entries.empty()) {
@@ -55,8 +56,8 @@ class CacheModel {
     if (entry.word == word) entry.number = number;
   }
 
-  // What the pass has missed, but would have found if it had begun with the caches as it has left them: first look-ups
-  // of the words that were the last ones as well. The word 0 is found in a clear cache.
+  // What the pass has missed, but would have found if it had begun with the caches as it has left them: first
+  // look-ups of the words that were the last ones as well. The word 0 is found in a clear cache.
   std::vector<LookUp> foundAgain() const {
     std::vector<LookUp> found;
     for (const Cache& cache : caches) {

@@ -1,7 +1,9 @@
-// The fit of the weights w(i) of a row: linear least squares, by conjugate gradients (Hestenes and Stiefel
-// 1952) with the Jacobi preconditioner, the ratio of Fletcher and Reeves (1964) and an exact line search.
+// The fit of the weights w(i) of a position type: linear least squares, by conjugate gradients (Hestenes and
+// Stiefel 1952) with the Jacobi preconditioner, the ratio of Fletcher and Reeves (1964) and an exact line
+// search.
 //
-// With c(i, s) the net count of node i on sample s, t(s) its target, rounded to 32 bits, and N the number of samples:
+// With c(i, s) the net count of node i on sample s, t(s) its target, rounded to 32 bits, and N the number of
+// samples:
 //
 //   v(s)  = sum_i c(i, s) w(i)            what evaluate gives, rounding of its caches included
 //   r(s)  = t(s) - v(s)
@@ -13,7 +15,8 @@
 //
 //   F(s)  = sum_i c(i, s) (p(i) * g(i))   how fast v(s) grows along the step
 //   alpha = sum_s F(s) * r(s) / sum_s F(s) * F(s)
-//                                         0 if the divisor is 0: the weights stay. r(s) without any cache's rounding
+//                                         0 if the divisor is 0: the weights stay. r(s) without any cache's
+//                                         rounding
 //   w(i)  = w(i) + q(i) * alpha           rounded to 32 bits
 //   norm  = sum_i q(i) * g(i)
 //   d(i)  = g(i)
@@ -27,10 +30,10 @@
 //   alpha                                 as above
 //   w(i)  = w(i) + alpha * (p(i) * d(i))  rounded to 32 bits
 //
-// All but targets, weights and what the caches hold is held in doubles. Products go from left to right as written here. What is summed over the nodes
-// of a row runs in the order of the lists, kind after kind, and what is summed over samples in their order; only
-// g(i), F(s) and the v(s) of the line search are regrouped (FitSystem). So the weights are the same everywhere, bit
-// for bit.
+// All but targets, weights and what the caches hold is held in doubles. Products go from left to right as
+// written here. What is summed over the nodes runs in the order of the lists, kind after kind, and
+// what is summed over samples in their order; only g(i), F(s) and the v(s) of the line search are regrouped
+// (FitSystem). So the weights are the same everywhere, bit for bit.
 
 #include <cassert>
 

@@ -29,8 +29,8 @@ constexpr ConfigurationWord withoutTopBit(ConfigurationWord word) {
   return word & ~std::bit_floor(word);
 }
 
-// Turns the low half round, its lowest bit foremost: in the ascending order of such numbers each low half stands before
-// those that it begins, and these follow it.
+// Turns the low half round, its lowest bit foremost: in the ascending order of such numbers each low half
+// stands before those that it begins, and these follow it.
 constexpr ConfigurationWord sortKey(ConfigurationWord word) {
   ConfigurationWord turned = 0;
   for (std::int32_t bit = 0; bit < lowHalfBits; ++bit)

@@ -19,13 +19,13 @@ struct PlacedWord {
 // The patterns of one list against many words: the matrix a(word, node) that is 1 where the node fires on the
 // word and 0 elsewhere, with its two products.
 //
-// A word of 10 bits fires up to 175 patterns of up to three bits. So the matrix is not stored, but factored: word
-// and mask are cut into a low half, where a piece's circumstances are, and a high half, where its place is. A
-// node fires where both halves of its mask are contained. Few high halves occur among the words; for each of
-// them, the nodes whose high half it contains are summed up once by their low part, after which a word adds
-// up no more than the sums of the low parts that its own low half contains. Words of one high half form a tree:
-// what a low half contains without its topmost bit, it shares with the words that begin with the same bits, so that
-// only the low parts with that bit are left to add.
+// A word of 10 bits fires up to 175 patterns of up to three bits. So the matrix is not stored, but factored:
+// word and mask are cut into a low half, where a piece's circumstances are, and a high half, where its place
+// is. A node fires where both halves of its mask are contained. Few high halves occur among the words; for
+// each of them, the nodes whose high half it contains are summed up once by their low part, after which a
+// word adds up no more than the sums of the low parts that its own low half contains. Words of one high half
+// form a tree: what a low half contains without its topmost bit, it shares with the words that begin with the
+// same bits, so that only the low parts with that bit are left to add.
 class FiringMatrix {
  public:
   static constexpr std::int32_t lowHalfBits = 17;
@@ -34,16 +34,17 @@ class FiringMatrix {
   // after the other.
   static void sort(std::vector<PlacedWord>& words);
 
-  // Neither the list nor the words, different ones in the order above, are needed afterwards. Patterns have up to
-  // three bits, of which there are no more than 5,488. `noWord` is a place that no word has.
+  // Neither the list nor the words, different ones in the order above, are needed afterwards. Patterns have
+  // up to three bits, of which there are no more than 5,488. `noWord` is a place that no word has.
   FiringMatrix(const NodeList& list, std::span<const PlacedWord> words, std::uint32_t noWord);
 
-  // Calls store(place, sum) for every word, sum being that of byNode[node] over the nodes that fire on it, regrouped.
-  // What it is called with for `noWord` means nothing.
+  // Calls store(place, sum) for every word, sum being that of byNode[node] over the nodes that fire on it,
+  // regrouped. What it is called with for `noWord` means nothing.
   template <typename Store>
   void sumNodes(std::span<const double> byNode, Store store) const;
 
-  // byNode[n] += sum over the words on which node n fires of byPlace[word], regrouped. REQUIRES: byPlace[noWord] is 0.
+  // byNode[n] += sum over the words on which node n fires of byPlace[word], regrouped. REQUIRES:
+  // byPlace[noWord] is 0.
   void addWords(std::span<const double> byPlace, std::span<double> byNode) const;
 
  private:
@@ -53,8 +54,8 @@ class FiringMatrix {
   static constexpr std::size_t quad = 4;
   static constexpr std::size_t lookAhead = 12;  // entries
 
-  // A prefix has a word of its own or none, in no order that could be predicted. So no branch tells: what ends no word
-  // is added and stored at a place of its own.
+  // A prefix has a word of its own or none, in no order that could be predicted. So no branch tells: what
+  // ends no word is added and stored at a place of its own.
   std::uint32_t sparePlace;
 
   // One prefix of the low half of a word, which is as many of its lowest bits.
@@ -83,15 +84,16 @@ class FiringMatrix {
                     std::vector<double>& byLowPart) const;
 
   std::size_t lowPartCount = 0;  // one more, which no node has, fills up quads
-  // The low halves of words and all that is left of them without some of their topmost bits, in ascending order,
-  // so that a prefix comes before those that it begins. Of each, the low parts and the nodes without a high part that
-  // it contains and the next shorter prefix does not.
+  // The low halves of words and all that is left of them without some of their topmost bits, in ascending
+  // order, so that a prefix comes before those that it begins. Of each, the low parts and the nodes without a
+  // high part that it contains and the next shorter prefix does not.
   std::vector<ConfigurationWord> lowHalves;
   std::vector<std::uint32_t> parents;  // the next shorter prefix; of the empty one itself
   std::vector<Prefix> prefixes;
   std::vector<Index> partsOfPrefixes;
   Rows<Index> nodesOfPrefix;
-  // By the different high halves of words: the words of each as a tree in preorder, and the high parts that it contains.
+  // By the different high halves of words: the words of each as a tree in preorder, and the high parts that
+  // it contains.
   Rows<Entry> entriesOfHighHalf;
   Rows<Index> highPartsOfHighHalf;
   // By the different high parts of masks; none for the empty one.

@@ -30,8 +30,8 @@ struct PieceNumbers {
     return {numbers.begin() + piecesPerSide, opposingCount};
   }
 
-  // Takes over the present sample of the walk, in the stead of the one before the last, and announces every word that may
-  // be unknown. Gives which of its pieces the caches miss: bit 0 is the first own one.
+  // Takes over the present sample of the walk, in the stead of the one before the last, and announces every
+  // word that may be unknown. Gives which of its pieces the caches miss: bit 0 is the first own one.
   std::uint32_t lookUp(const SampleWalk& walk, const ConfigurationTable& numbered, CacheModel& caches,
                        std::uint32_t sample) {
     ownCount = static_cast<std::uint32_t>(walk.ownList().size());
@@ -80,8 +80,8 @@ FitSystem::FitSystem(const SampleSet& set, NetworkRow& lists) : nodeLists(lists)
 
 // Takes over the samples; the rows hold numbers of configurations, as yet.
 //
-// The tables are larger than the processor's near caches. So what is wanted of them is announced first, and something
-// else is done while it comes: a sample gets its row when the next one has been looked up.
+// The tables are larger than the processor's near caches. So what is wanted of them is announced first, and
+// something else is done while it comes: a sample gets its row when the next one has been looked up.
 void FitSystem::storeSamples(const SampleSet& set, ConfigurationTable& numbered) {
   rowOfSample.reserve(set.size());
   targets.reserve(set.size());
@@ -114,8 +114,8 @@ void FitSystem::storeSamples(const SampleSet& set, ConfigurationTable& numbered)
   groupSamples(missesOfSample, foundAgain);
 }
 
-// Configurations of about the same frequency stand together, the most frequent first, which keeps what is used most
-// in the near caches; among these, each kind stands in the order of its matrix.
+// Configurations of about the same frequency stand together, the most frequent first, which keeps what is
+// used most in the near caches; among these, each kind stands in the order of its matrix.
 void FitSystem::placeConfigurations(const ConfigurationTable& numbered) {
   std::vector<std::uint32_t> frequency(numbered.size());
   for (std::size_t row = 0; row < rows.size(); ++row) {

@@ -8,8 +8,9 @@ namespace quorvane {
 class FitSystem;
 struct Residuals;
 
-// Prints how the fits go on standard output; the one place that does. For each type, the calls come in this order,
-// `stepped` as often as there are steps. Whoever wants to see more derives from it and calls what it overrides.
+// Prints how the fits go on standard output; the one place that does. For each type, the calls come in this
+// order, `stepped` as often as there are steps. Whoever wants to see more derives from it and calls what it
+// overrides.
 class FitProgress {
  public:
   virtual ~FitProgress() = default;

@@ -64,7 +64,8 @@ double FitSystem::store(std::uint32_t sample, double value) {
   return residual;
 }
 
-// Samples of one row differ in what the caches miss alone: as far as they miss nothing, their sums are the same.
+// Samples of one row differ in what the caches miss alone: as far as they miss nothing, their sums are the
+// same.
 double FitSystem::findFurtherResiduals(const SampleRows::View& row, std::span<const std::uint32_t> missed,
                                        std::size_t first, std::size_t end) {
   Table<WordValue, SampleSet::seatCount> worth;

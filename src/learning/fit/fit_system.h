@@ -42,8 +42,8 @@ class ConfigurationTable;
 //   accumulateGradient, set d(i), lineSearch    in every step, then change the weights along d(i)
 //   residuals                                   at any time behind updateValues
 //
-// Refers to the nodes of the lists, which must neither move nor change their masks while the system exists. The set is
-// needed no more once the system stands.
+// Refers to the nodes of the lists, which must neither move nor change their masks while the system exists.
+// The set is needed no more once the system stands.
 class FitSystem {
  public:
   FitSystem(const SampleSet& set, NetworkRow& lists);
@@ -62,8 +62,8 @@ class FitSystem {
   // Takes over the weights of the nodes.
   void updateValues();
 
-  // What the evaluation caches hold when a pass over all samples begins. They were filled if the pass before it was at
-  // the same weights.
+  // What the evaluation caches hold when a pass over all samples begins. They were filled if the pass before
+  // it was at the same weights.
   enum class Caches { cleared, filledByPassBefore };
   // r(s) = t(s) - v(s) over all samples.
   Residuals residuals(Caches caches);
@@ -71,7 +71,8 @@ class FitSystem {
   Residuals accumulateGradient();
 
   // The exact minimum along the direction p(i) d(i) of the nodes: alpha = sum_s F(s) r(s) / sum_s F(s)^2, 0.0
-  // if the divisor is 0. Its r(s) are those of the values without any cache, as accumulateGradient has found them.
+  // if the divisor is 0. Its r(s) are those of the values without any cache, as accumulateGradient has found
+  // them.
   double lineSearch();
 
  private:
@@ -88,8 +89,9 @@ class FitSystem {
   void groupSamples(const std::vector<std::uint32_t>& missesOfSample,
                     const std::vector<CacheModel::LookUp>& foundAgain);
 
-  // A pass over all samples, whose pieces are missed by the caches as `missed` tells, in the order of `samples`. Calls
-  // visit(row, v, sum) for every row: its v(s) unrounded, and the sum of its samples' residuals.
+  // A pass over all samples, whose pieces are missed by the caches as `missed` tells, in the order of
+  // `samples`. Calls visit(row, v, sum) for every row: its v(s) unrounded, and the sum of its samples'
+  // residuals.
   template <typename Visit>
   Residuals findResiduals(std::span<const std::uint32_t> missed, Visit visit);
   // Those of the samples from `first` to `end`, of one row; gives their sum.
@@ -121,8 +123,8 @@ class FitSystem {
   std::vector<std::uint32_t> repetitions;  // how many samples share it
   std::vector<Line> lines;
 
-  // The samples of each row, row after row; and which of its pieces a pass that begins with cleared caches misses, bit 0
-  // being the first own one.
+  // The samples of each row, row after row; and which of its pieces a pass that begins with cleared caches
+  // misses, bit 0 being the first own one.
   std::vector<std::uint32_t> samples;
   std::vector<std::uint32_t> misses;
   // What a pass that begins with filled caches finds and one that begins with cleared ones misses.

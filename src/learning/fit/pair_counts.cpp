@@ -15,8 +15,8 @@ namespace {
 
 // Different words with an amount each.
 //
-// A thousand of them take nine tenths of all that is added. So amounts gather in a small table at first, one place a
-// word, and go on to the whole one when another word takes the place.
+// A thousand of them take nine tenths of all that is added. So amounts gather in a small table at first, one
+// place a word, and go on to the whole one when another word takes the place.
 class WordAmounts {
  public:
   void add(ConfigurationWord word, std::int32_t amount) {
@@ -92,8 +92,8 @@ struct WordsOfKind {
 
 }  // namespace
 
-// A node fires on both of two words exactly if it fires on their common bits. So what it counts of pairs of pieces is
-// linear in the common words.
+// A node fires on both of two words exactly if it fires on their common bits. So what it counts of pairs of
+// pieces is linear in the common words.
 std::vector<double> pairCounts(const SampleRows& rows, std::span<const std::uint32_t> repetitions,
                                const std::vector<PieceConfiguration>& configurations,
                                const NetworkRow& lists) {

@@ -12,8 +12,8 @@
 
 namespace quorvane {
 
-// The pieces of samples, each as the number of its configuration, and from place() on as its place. Openings come again
-// and again, so samples with equal lists share one row.
+// The pieces of samples, each as the number of its configuration, and from place() on as its place. Openings
+// come again and again, so samples with equal lists share one row.
 class SampleRows {
  public:
   // The own or the opposing pieces of a row.
@@ -22,8 +22,8 @@ class SampleRows {
     const std::uint32_t* begin() const { return first; }
     const std::uint32_t* end() const { return last; }
 
-    // Calls visit(place) for every piece, and brings near what `table` holds by the place of pieces further on in the
-    // rows. REQUIRES: place() has run.
+    // Calls visit(place) for every piece, and brings near what `table` holds by the place of pieces further
+    // on in the rows. REQUIRES: place() has run.
     template <typename T, typename Visit>
     void forEachAhead(const std::vector<T>& table, Visit visit) const {
       for (const std::uint32_t* piece = first; piece != last; ++piece) {
@@ -52,8 +52,8 @@ class SampleRows {
   std::uint32_t announce(std::span<const std::uint32_t> ownList,
                          std::span<const std::uint32_t> opposingList) const;
 
-  // Which row has these lists, a new one if there is none yet: from 0 on, in the order in which they first come. At
-  // most 16 numbers a list, and fewer than 2^32 - 1 rows. REQUIRES: place() has not run.
+  // Which row has these lists, a new one if there is none yet: from 0 on, in the order in which they first
+  // come. At most 16 numbers a list, and fewer than 2^32 - 1 rows. REQUIRES: place() has not run.
   std::uint32_t indexOf(std::span<const std::uint32_t> ownList, std::span<const std::uint32_t> opposingList,
                         std::uint32_t hash);
 
@@ -69,7 +69,8 @@ class SampleRows {
     return {{own, opposing}, {opposing, pieces.data() + ends[row]}};
   }
 
-  // The sum of the row's own pieces in a table by place minus that of its opposing ones. REQUIRES: place() has run.
+  // The sum of the row's own pieces in a table by place minus that of its opposing ones. REQUIRES: place()
+  // has run.
   double difference(std::size_t row, const std::vector<double>& table) const {
     assert(pieces.size() == ends.back() + lookAhead);
     const auto [own, opposing] = (*this)[row];

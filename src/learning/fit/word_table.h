@@ -12,8 +12,8 @@
 
 namespace quorvane {
 
-// A value for each of many different words: an open-addressed hash table with linear probing. `absent`, a value that
-// no word is ever given, marks the words that are not there.
+// A value for each of many different words: an open-addressed hash table with linear probing. `absent`, a
+// value that no word is ever given, marks the words that are not there.
 template <typename Value, Value absent>
 class WordTable {
  public:
@@ -24,12 +24,13 @@ class WordTable {
     bool isFree() const { return value == absent; }
   };
 
-  // The slot of the word, or the free one where it belongs. Whoever gives that one a word and a value must say so by
-  // `filled`. Valid until then.
+  // The slot of the word, or the free one where it belongs. Whoever gives that one a word and a value must
+  // say so by `filled`. Valid until then.
   Slot& slotOf(ConfigurationWord word) {
     return slotOf(word, [](const Value&) { return true; });
   }
-  // The same where several values may have one word: the slot with a value of which isSame says that it is the one.
+  // The same where several values may have one word: the slot with a value of which isSame says that it is
+  // the one.
   template <typename IsSame>
   Slot& slotOf(ConfigurationWord word, IsSame isSame) {
     if (slots.empty()) slots.resize(smallestSize);

@@ -5,8 +5,8 @@
 
 namespace quorvane {
 
-// What a configuration is worth, as evaluate adds it: rounded to 32 bits where it comes out of a cache, unrounded where
-// a cache has missed it. Side by side, so that a pass neither converts nor branches.
+// What a configuration is worth, as evaluate adds it: rounded to 32 bits where it comes out of a cache,
+// unrounded where a cache has missed it. Side by side, so that a pass neither converts nor branches.
 class alignas(16) WordValue {
  public:
   WordValue() = default;

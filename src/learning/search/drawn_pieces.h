@@ -38,8 +38,8 @@ class DrawnPieces {
   ConfigurationWord bits = 0;  // that any of them holds
 };
 
-// What a search over the set draws, by PieceKind: `tries` samples, at most 2^15, with repetitions, always in the same
-// sequence. Of an empty set there is nothing to draw.
+// What a search over the set draws, by PieceKind: `tries` samples, at most 2^15, with repetitions, always in
+// the same sequence. Of an empty set there is nothing to draw.
 Table<DrawnPieces, pieceKindCount> drawPieces(const SampleSet& set, std::int32_t tries);
 
 }  // namespace quorvane

@@ -1,7 +1,5 @@
 #include "learning/fit/firing_matrix.h"
 
-#include <gtest/gtest.h>
-
 #include <algorithm>
 #include <bit>
 #include <cmath>
@@ -10,11 +8,13 @@
 #include <random>
 
 #include "learning/fit/ordered_sums.h"
+#include "learning/learning_fixture.h"
 
 namespace quorvane {
 namespace {
 
-// A list of random patterns of one to three bits, in preorder as the search leaves them, and different random words.
+// A list of random patterns of one to three bits, in preorder as the search leaves them, and different random
+// words.
 struct Problem {
   // Patterns hold no bits but `patternBits`.
   Problem(std::uint32_t seed, ConfigurationWord patternBits) : random(seed) {
@@ -41,12 +41,7 @@ struct Problem {
       list.push_back({});
       list[index].mask = parent | added;
       if (depth < 2) addPatterns(bits, list[index].mask, depth + 1);
-      list[index].skip = static_cast<std::int32_t>(list.size() - index);
-      if (depth < 2) {
-        for (std::size_t child = index + 1; child < list.size();
-             child += static_cast<std::size_t>(list[child].skip))
-          list[index].childBits |= list[child].mask & ~list[index].mask;
-      }
+      closeNode(list, index);
     }
   }
 

@@ -42,7 +42,8 @@ class PlainFit {
     }
   }
 
-  // Calls fire(node, sign) for every firing, those of own pieces with 1.0 and then those of opposing ones with -1.0.
+  // Calls fire(node, sign) for every firing, those of own pieces with 1.0 and then those of opposing ones
+  // with -1.0.
   template <typename Fire>
   void forEachFiring(const Sample& sample, Fire fire) {
     for (const auto& [list, sign] :

@@ -20,11 +20,7 @@ class PatternSearch : public LearningTest {
       list.push_back({});
       list[index].mask = candidate;
       if (depth > 0) plainSearch(kind, candidate, bit + 1, depth - 1, list);
-      list[index].skip = static_cast<std::int32_t>(list.size() - index);
-      for (std::size_t child = index + 1; child < list.size();
-           child += static_cast<std::size_t>(list[child].skip)) {
-        list[index].childBits |= list[child].mask & ~candidate;
-      }
+      closeNode(list, index);
     }
   }
 
@@ -49,12 +45,15 @@ class PatternSearch : public LearningTest {
 
   std::vector<Sample> samples;  // those of the set, for the plain search
 
-  void append(ConfigurationWord own, ConfigurationWord opposing) {
-    sampleSets[type].append(std::vector<PieceConfiguration>{{own, rookKind}},
-                            std::vector<PieceConfiguration>{{opposing, rookKind}}, 0);
-  }
-
-  std::vector<ConfigurationWord> rookMasks() {
+  // The patterns that are found in samples of a rook on either side.
+  std::vector<ConfigurationWord> masksOf(
+      std::initializer_list<std::pair<ConfigurationWord, ConfigurationWord>> words) {
+    SampleSet& set = sampleSets[type];
+    set.clear();
+    for (const auto& [own, opposing] : words) {
+      set.append(std::vector<PieceConfiguration>{{own, rookKind}},
+                 std::vector<PieceConfiguration>{{opposing, rookKind}}, 0);
+    }
     search(type);
     std::vector<ConfigurationWord> masks;
     for (const PatternNode& node : network.row()[rookKind]) masks.push_back(node.mask);
@@ -82,41 +81,28 @@ TEST_F(PatternSearch, FindsTheForestOfThePlainSearch) {
   }
 }
 
-TEST_F(PatternSearch, OneSampleCountsAgainAtEachOfItsDraws) {
-  sampleSets[type].clear();
-  append(0x5, 0x4);  // bit 2 on both sides: net count 0
-  EXPECT_EQ(rookMasks(), (std::vector<ConfigurationWord>{0x1, 0x5}));
-}
-
-TEST_F(PatternSearch, NetCountsOfOppositeSignAddUpOverSamples) {
-  sampleSets[type].clear();
-  append(0x80000000, 0);
-  append(0, 0x80000000);
-  EXPECT_EQ(rookMasks(), std::vector<ConfigurationWord>{0x80000000});
-}
-
-// The set of bits 0 and 1 is frequent, but bit 0 alone is not, so that it is never tried.
-TEST_F(PatternSearch, ExtendsFrequentPatternsOnly) {
-  sampleSets[type].clear();
-  append(0x3, 0x1);
-  EXPECT_EQ(rookMasks(), std::vector<ConfigurationWord>{0x2});
+TEST_F(PatternSearch, CountsWhatOneSideShowsMore) {
+  using Masks = std::vector<ConfigurationWord>;
+  EXPECT_EQ(masksOf({{0x5, 0x4}}), (Masks{0x1, 0x5})) << "one sample counts again at each draw; bit 2 nets 0";
+  EXPECT_EQ(masksOf({{0x80000000, 0}, {0, 0x80000000}}), Masks{0x80000000})
+      << "signs do not cancel over samples";
+  EXPECT_EQ(masksOf({{0x3, 0x1}}), Masks{0x2}) << "bits 0 and 1 are frequent, bit 0 alone is not";
 }
 
 TEST_F(PatternSearch, PrintsTheCountsOfAllLearnedTypes) {
-  for (SampleSet& set : sampleSets) set.clear();
-  append(0x80000001, 0);
+  masksOf({{0x80000001, 0}});
   CapturedOutput output;
   searchAllPatterns();
-  const std::string empty =
-      "Configuration count for piece 0: 0\nConfiguration count for piece 1: 0\n"
-      "Configuration count for piece 2: 0\nConfiguration count for piece 3: 0\n"
-      "Configuration count for piece 4: 0\nConfiguration count for piece 5: 0\n\n";
-  std::string expected;
-  for (const char* const positions : {"6: 0", "7: 0", "8: 1", "9: 0", "10: 0", "11: 0", "12: 0", "13: 0"}) {
-    expected += std::string("Number of positions of type ") + positions + "\n" + empty;
-    if (positions[0] == '8') expected.replace(expected.rfind("3: 0"), 4, "3: 3");
+  std::ostringstream expected;
+  for (int printed = 6; printed <= 13; ++printed) {
+    expected << "Number of positions of type " << printed << ": " << (printed == type) << "\n";
+    for (int kind = 0; kind < 6; ++kind) {
+      const int count = printed == type && kind == rookKind ? 3 : 0;
+      expected << "Configuration count for piece " << kind << ": " << count << "\n";
+    }
+    expected << "\n";
   }
-  EXPECT_EQ(output.str(), expected);
+  EXPECT_EQ(output.str(), expected.str());
 }
 
 }  // namespace
