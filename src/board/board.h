@@ -88,6 +88,9 @@ class Board {
   static SquareSet occupied;  // the squares of all pieces
 
  private:
+  // Steps of makeMove and unmakeMove, on the record of the move.
+  static void moveCastlingRook(UndoRecord& undo);
+  static void captureEnPassant(UndoRecord& undo);
   static void undoPromotion();
   // Puts the first fitting move into currentMove; false if there is none.
   static bool findMove(const DecodedMove& wanted);

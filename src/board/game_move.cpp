@@ -1,3 +1,5 @@
+#include <cassert>
+
 #include "board/legal_moves.h"
 #include "board/piece.h"
 #include "board/reach_tables.h"
@@ -57,6 +59,7 @@ bool Board::findMoveTo(Square to, const DecodedMove& wanted) {
 }
 
 bool Board::playGameMove(const DecodedMove& move) {
+  assert(move.kind >= pawnKind && move.kind < pieceKindCount);
   if (history->depth + 2 >= depthLimit) {
     currentMove.status = statusTooDeep;
     currentMove.found = false;
@@ -72,12 +75,8 @@ bool Board::playGameMove(const DecodedMove& move) {
 
   const bool promotes = move.promotion >= knightKind && move.promotion <= queenKind;
   if (promotes && move.kind == kingKind) return false;  // it would take the king out of its ring
-  if (promotes) {
-    // In the order of PieceKind. The record's own kind does not matter: the generators leave bishop and rook
-    // out.
-    constexpr MoveKind promotionMoves[] = {promoteToKnight, promoteToBishop, promoteToRook, promoteToQueen};
-    currentMove.kind = promotionMoves[move.promotion - knightKind];
-  }
+  // The record's own kind does not matter: the generators leave bishop and rook out.
+  if (promotes) currentMove.kind = promotionTo(move.promotion);
   opposingKingIsSafe = LegalMoves::makeIfLegal(currentMove);
   if (!opposingKingIsSafe) currentMove.found = false;
   return opposingKingIsSafe;

@@ -1,5 +1,7 @@
 #include "board/hash_state.h"
 
+#include <cassert>
+
 namespace quorvane {
 
 namespace {
@@ -56,6 +58,7 @@ void HashState::forgetPosition() {
   const std::int32_t bucket = bucketOf(*indexTop);
   for (std::int32_t way = 0; way < ways; ++way) {
     if (repetitionKeys[bucket][way] == *lockTop) {
+      assert(repetitionCounts[bucket][way] > 0);
       --repetitionCounts[bucket][way];
       return;
     }

@@ -1,6 +1,7 @@
 #ifndef QUORVANE_BOARD_HASH_STATE_H_
 #define QUORVANE_BOARD_HASH_STATE_H_
 
+#include <cassert>
 #include <cstdint>
 
 #include "board/board.h"
@@ -20,6 +21,7 @@ class HashState : public Board {
 
   // Opens the entry of the next depth, as a copy of the present one.
   void pushKeys() {
+    assert(indexTop < indexHistory + historyCapacity - 1);
     lockTop[1] = lockTop[0];
     indexTop[1] = indexTop[0];
     slotTop[1] = slotTop[0];
@@ -35,6 +37,7 @@ class HashState : public Board {
   }
   // Goes back to the entry of the previous depth; nothing is recomputed.
   void popKeys() {
+    assert(indexTop > indexHistory);
     --lockTop;
     --indexTop;
     --slotTop;

@@ -2,6 +2,7 @@
 
 #include "board/mailbox.h"
 #include "board/piece.h"
+#include "board/reach_tables.h"
 
 namespace quorvane {
 
@@ -15,30 +16,10 @@ void King::testMove() {
   currentMove.kind = ordinaryMove;
   currentMove.found = false;
   const Square difference = currentMove.to - square;
-  const std::int32_t file = fileOf(square);
-  switch (difference) {
-    case -8:
-    case 8:
-      currentMove.found = board[currentMove.to]->side != side;
-      break;
-    case -9:
-    case -1:
-    case 7:
-      currentMove.found = file != 0 && board[currentMove.to]->side != side;
-      break;
-    case -7:
-    case 1:
-    case 9:
-      currentMove.found = file != 7 && board[currentMove.to]->side != side;
-      break;
-    case 2:
-      testCastling(1);
-      break;
-    case -2:
-      testCastling(-1);
-      break;
-    default:
-      break;
+  if (difference == 2 || difference == -2) {
+    testCastling(difference / 2);
+  } else if ((attackSet[kingKind][square] & setOf(currentMove.to)) != 0) {
+    currentMove.found = board[currentMove.to]->side != side;
   }
 }
 
@@ -55,12 +36,6 @@ void King::testCastling(Square direction) {
   if (rook->kind != rookKind || isAttacked()) return;
 
   const Square home = square;
-  const auto stepTo = [this](Square to) {
-    board[square] = EmptySquare;
-    board[to] = this;
-    toggleSquares(this, setOf(square) | setOf(to));
-    square = to;
-  };
   stepTo(home + direction);
   const bool crossedIsAttacked = isAttacked();
   stepTo(home);
@@ -71,7 +46,7 @@ void King::testCastling(Square direction) {
 
 std::int32_t King::generateMoves() {
   const std::int32_t before = activeMoveList->count;
-  generateSteps();
+  generateSteps(everyMove);
   for (const std::int32_t twoFiles : {2, -2}) {
     const Square to = stepFrom(square, twoFiles);
     if (to == noSquare) continue;
@@ -80,10 +55,6 @@ std::int32_t King::generateMoves() {
     if (currentMove.found) emit();
   }
   return activeMoveList->count - before;
-}
-
-void King::generateCaptures() {
-  generateStepCaptures();
 }
 
 }  // namespace quorvane

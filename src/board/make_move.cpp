@@ -1,3 +1,5 @@
+#include <cassert>
+
 #include "board/board.h"
 #include "board/hash_state.h"
 #include "board/piece.h"
@@ -17,20 +19,8 @@ void putBackIntoRing(Piece* piece) {
   piece->next->prev = piece;
 }
 
-// The new piece takes the place of `pawn`; null if `kind` is no promotion.
-Piece* promote(MoveKind kind, Piece* pawn) {
-  switch (kind) {
-    case promoteToQueen:
-      return new Queen(0, 0, 0, pawn);
-    case promoteToKnight:
-      return new Knight(0, 0, 0, pawn);
-    case promoteToBishop:
-      return new Bishop(0, 0, 0, pawn);
-    case promoteToRook:
-      return new Rook(0, 0, 0, pawn);
-    default:
-      return nullptr;
-  }
+constexpr bool isCastling(MoveKind kind) {
+  return kind == castleQueenSide || kind == castleKingSide;
 }
 
 }  // namespace
@@ -40,6 +30,8 @@ void Board::makeMove() {
   const Square to = currentMove.to;
   Piece* const target = board[to];
   Piece* const mover = board[from];
+  assert(mover->side == currentMove.sideToMove && target->side != mover->side && target->kind != kingKind);
+  assert(history->depth + 1 < historyCapacity);
 
   hashState->pushKeys();
   if (target->kind != emptyKind) {
@@ -55,115 +47,82 @@ void Board::makeMove() {
   undo.movedPiece = mover;
   undo.toSquare = to;
   undo.capturedPiece = target;
+  undo.undoKind = currentMove.kind == doubleStep ? ordinaryMove : currentMove.kind;
   undo.enPassantBefore = enPassantSquare;
-  enPassantSquare = noSquare;
-  mover->square = to;
-  board[to] = mover;
-  board[from] = EmptySquare;
-  toggleSquares(mover, setOf(from) | setOf(to));
+  enPassantSquare = currentMove.kind == doubleStep ? (from + to) >> 1 : noSquare;
+  mover->stepTo(to);
   hashState->toggleKey(from, mover->keyIndex);
   hashState->toggleKey(to, mover->keyIndex);
 
-  switch (currentMove.kind) {
-    case doubleStep:
-      enPassantSquare = (from + to) >> 1;
-      undo.undoKind = ordinaryMove;
-      break;
-    case castleQueenSide:
-    case castleKingSide: {
-      const bool kingSide = currentMove.kind == castleKingSide;
-      static_cast<King*>(kings[currentMove.sideToMove])->castled = true;
-      undo.undoKind = currentMove.kind;
-      undo.auxFrom = from + (kingSide ? 3 : -4);
-      undo.auxTo = from + (kingSide ? 1 : -1);
-      Piece* const rook = board[undo.auxFrom];
-      undo.auxPiece = rook;
-      board[undo.auxTo] = rook;
-      board[undo.auxFrom] = EmptySquare;
-      rook->square = undo.auxTo;
-      toggleSquares(rook, setOf(undo.auxFrom) | setOf(undo.auxTo));
-      ++rook->moveCount;
-      hashState->toggleKey(undo.auxFrom, rook->keyIndex);
-      hashState->toggleKey(undo.auxTo, rook->keyIndex);
-      break;
-    }
-    case enPassantCapture: {
-      undo.undoKind = enPassantCapture;
-      undo.auxFrom = mover->side == white ? to - 8 : to + 8;
-      Piece* const victim = board[undo.auxFrom];
-      hashState->toggleKey(undo.auxFrom, victim->keyIndex);
-      undo.auxPiece = victim;
-      toggleSquares(victim, setOf(undo.auxFrom));
-      takeOutOfRing(victim);
-      board[undo.auxFrom] = EmptySquare;
-      break;
-    }
-    case promoteToQueen:
-    case promoteToKnight:
-    case promoteToBishop:
-    case promoteToRook:
-      undo.undoKind = currentMove.kind;
-      hashState->toggleKey(to, mover->keyIndex);
-      undo.auxPiece = mover;
-      undo.movedPiece = promote(currentMove.kind, mover);
-      hashState->toggleKey(to, undo.movedPiece->keyIndex);
-      break;
-    case ordinaryMove:
-    case ownPieceOnLine:  // never made
-      undo.undoKind = ordinaryMove;
-      break;
+  if (isCastling(undo.undoKind)) {
+    moveCastlingRook(undo);
+  } else if (undo.undoKind == enPassantCapture) {
+    captureEnPassant(undo);
+  } else if (undo.undoKind >= promoteToQueen) {
+    hashState->toggleKey(to, mover->keyIndex);
+    undo.auxPiece = mover;
+    undo.movedPiece = Piece::make(promotedKind(undo.undoKind), 0, 0, 0, mover);
+    hashState->toggleKey(to, undo.movedPiece->keyIndex);
   }
-
   currentMove.sideToMove = static_cast<std::uint8_t>(opponent(currentMove.sideToMove));
   opposingKingIsSafe = false;
   hashState->recordPosition();
 }
 
+void Board::moveCastlingRook(UndoRecord& undo) {
+  const bool kingSide = undo.undoKind == castleKingSide;
+  static_cast<King*>(undo.movedPiece)->castled = true;
+  undo.auxFrom = undo.fromSquare + (kingSide ? 3 : -4);
+  undo.auxTo = undo.fromSquare + (kingSide ? 1 : -1);
+  Piece* const rook = board[undo.auxFrom];
+  assert(rook->kind == rookKind);
+  undo.auxPiece = rook;
+  rook->stepTo(undo.auxTo);
+  ++rook->moveCount;
+  hashState->toggleKey(undo.auxFrom, rook->keyIndex);
+  hashState->toggleKey(undo.auxTo, rook->keyIndex);
+}
+
+void Board::captureEnPassant(UndoRecord& undo) {
+  undo.auxFrom = undo.toSquare + (undo.movedPiece->side == white ? -8 : 8);
+  Piece* const victim = board[undo.auxFrom];
+  assert(victim->kind == pawnKind && victim->side == opponent(undo.movedPiece->side));
+  undo.auxPiece = victim;
+  hashState->toggleKey(undo.auxFrom, victim->keyIndex);
+  toggleSquares(victim, setOf(undo.auxFrom));
+  takeOutOfRing(victim);
+  board[undo.auxFrom] = EmptySquare;
+}
+
 void Board::unmakeMove() {
+  assert(history->depth > 0);
   hashState->forgetPosition();
   hashState->popKeys();
   const UndoRecord& undo = history->record(history->depth);
   Piece* const mover = undo.movedPiece;
   Piece* const captured = undo.capturedPiece;
-  board[undo.fromSquare] = mover;
+  mover->stepTo(undo.fromSquare);
   board[undo.toSquare] = captured;
-  toggleSquares(mover, setOf(undo.fromSquare) | setOf(undo.toSquare));
   if (captured->kind != emptyKind) {
     toggleSquares(captured, setOf(undo.toSquare));
     putBackIntoRing(captured);
   }
-  mover->square = undo.fromSquare;
   captured->square = undo.toSquare;
   --mover->moveCount;
   --captured->moveCount;
   enPassantSquare = undo.enPassantBefore;
 
-  switch (undo.undoKind) {
-    case castleQueenSide:
-    case castleKingSide: {
-      Piece* const rook = undo.auxPiece;
-      static_cast<King*>(kings[opponent(currentMove.sideToMove)])->castled = false;
-      board[undo.auxFrom] = rook;
-      board[undo.auxTo] = EmptySquare;
-      rook->square = undo.auxFrom;
-      toggleSquares(rook, setOf(undo.auxFrom) | setOf(undo.auxTo));
-      --rook->moveCount;
-      break;
-    }
-    case enPassantCapture:
-      board[undo.auxFrom] = undo.auxPiece;
-      undo.auxPiece->square = undo.auxFrom;
-      toggleSquares(undo.auxPiece, setOf(undo.auxFrom));
-      putBackIntoRing(undo.auxPiece);
-      break;
-    case promoteToQueen:
-    case promoteToKnight:
-    case promoteToBishop:
-    case promoteToRook:
-      undoPromotion();
-      break;
-    default:
-      break;
+  if (isCastling(undo.undoKind)) {
+    static_cast<King*>(mover)->castled = false;
+    undo.auxPiece->stepTo(undo.auxFrom);
+    --undo.auxPiece->moveCount;
+  } else if (undo.undoKind == enPassantCapture) {
+    board[undo.auxFrom] = undo.auxPiece;
+    undo.auxPiece->square = undo.auxFrom;
+    toggleSquares(undo.auxPiece, setOf(undo.auxFrom));
+    putBackIntoRing(undo.auxPiece);
+  } else if (undo.undoKind >= promoteToQueen) {
+    undoPromotion();
   }
   currentMove.sideToMove = static_cast<std::uint8_t>(opponent(currentMove.sideToMove));
   opposingKingIsSafe = false;

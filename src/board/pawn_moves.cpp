@@ -1,5 +1,4 @@
 #include "board/piece.h"
-#include "board/piece_classes.h"
 
 namespace quorvane {
 
@@ -33,7 +32,7 @@ void Piece::testPawnMove(const PawnRules& rules) {
   }
 }
 
-std::int32_t Piece::generatePawnMoves(const PawnRules& rules) {
+std::int32_t Piece::generatePawnMoves(const PawnRules& rules, Wanted wanted) {
   const std::int32_t before = activeMoveList->count;
   const bool promotes = rankOf(square) == rules.rankBeforePromotion;
   currentMove.from = square;
@@ -42,7 +41,7 @@ std::int32_t Piece::generatePawnMoves(const PawnRules& rules) {
   const auto emitForward = [&] {
     currentMove.kind = promotes ? promoteToQueen : ordinaryMove;
     emit();
-    if (!promotes) return;
+    if (!promotes || wanted == capturesOnly) return;
     currentMove.kind = promoteToKnight;
     emit();
   };
@@ -51,7 +50,7 @@ std::int32_t Piece::generatePawnMoves(const PawnRules& rules) {
     currentMove.to = square + step;
     const Piece* target = board[currentMove.to];
     if (target->kind == emptyKind) {
-      if (currentMove.to != enPassantSquare) return;
+      if (currentMove.to != enPassantSquare || wanted == capturesOnly) return;
       currentMove.kind = enPassantCapture;
       emit();
     } else if (target->side != side) {
@@ -62,7 +61,8 @@ std::int32_t Piece::generatePawnMoves(const PawnRules& rules) {
   emitCapture(rules.firstCapture, rules.firstCaptureEdge);
   emitCapture(rules.secondCapture, rules.secondCaptureEdge);
   currentMove.to = square + rules.ahead;
-  if (board[currentMove.to]->kind == emptyKind) {
+  const bool goesAhead = promotes || wanted == everyMove;  // a step to the last rank counts as a capture
+  if (goesAhead && board[currentMove.to]->kind == emptyKind) {
     emitForward();
     if (rankOf(square) == rules.startRank && board[square + 2 * rules.ahead]->kind == emptyKind) {
       currentMove.to = square + 2 * rules.ahead;
@@ -71,43 +71,6 @@ std::int32_t Piece::generatePawnMoves(const PawnRules& rules) {
     }
   }
   return activeMoveList->count - before;
-}
-
-void Piece::generatePawnCaptures(const PawnRules& rules) {
-  const bool promotes = rankOf(square) == rules.rankBeforePromotion;
-  currentMove.from = square;
-  currentMove.kind = promotes ? promoteToQueen : ordinaryMove;
-  const auto emitCapture = [&](Square step, std::int32_t edge) {
-    if (fileOf(square) == edge) return;
-    currentMove.to = square + step;
-    const Piece* target = board[currentMove.to];
-    if (target->kind != emptyKind && target->side != side) emit();
-  };
-  emitCapture(rules.firstCapture, rules.firstCaptureEdge);
-  emitCapture(rules.secondCapture, rules.secondCaptureEdge);
-  if (!promotes) return;
-  currentMove.to = square + rules.ahead;
-  if (board[currentMove.to]->kind == emptyKind) emit();
-}
-
-void WhitePawn::testMove() {
-  testPawnMove(whitePawnRules);
-}
-std::int32_t WhitePawn::generateMoves() {
-  return generatePawnMoves(whitePawnRules);
-}
-void WhitePawn::generateCaptures() {
-  generatePawnCaptures(whitePawnRules);
-}
-
-void BlackPawn::testMove() {
-  testPawnMove(blackPawnRules);
-}
-std::int32_t BlackPawn::generateMoves() {
-  return generatePawnMoves(blackPawnRules);
-}
-void BlackPawn::generateCaptures() {
-  generatePawnCaptures(blackPawnRules);
 }
 
 }  // namespace quorvane

@@ -1,8 +1,7 @@
 #include "board/piece.h"
 
+#include <cassert>
 #include <new>
-
-#include "board/piece_classes.h"
 
 namespace quorvane {
 
@@ -62,6 +61,7 @@ Piece::Piece(const PieceClass& pieceClass, Side newSide, Square newSquare, std::
     next->prev = this;
     toggleSquares(copyFrom, setOf(square));
   }
+  assert(id >= 0 && id < pieceIdCount && square >= 0 && (square < squareCount || kind == emptyKind));
   if (kind != emptyKind) toggleSquares(this, setOf(square));
   if (side == white) keyIndex += whiteKeyOffset;
   pieceById[id] = this;
@@ -75,34 +75,32 @@ Piece::Piece(const PieceClass& pieceClass, Side newSide, Square newSquare, std::
     next = this;
   } else {
     next = pieceById[id + 1];
+    assert(next != nullptr && next->side == side);  // ids run down without a gap
     prev = next->prev;
     prev->next = this;
     next->prev = this;
   }
 }
 
-Piece::Piece(Side newSide, Square newSquare, std::int32_t newId, Piece* copyFrom)
-    : Piece(emptySquareClass, newSide, newSquare, newId, copyFrom) {}
-
-WhitePawn::WhitePawn(Side newSide, Square newSquare, std::int32_t newId, Piece* copyFrom)
-    : Piece(whitePawnClass, newSide, newSquare, newId, copyFrom) {}
-
-BlackPawn::BlackPawn(Side newSide, Square newSquare, std::int32_t newId, Piece* copyFrom)
-    : Piece(blackPawnClass, newSide, newSquare, newId, copyFrom) {}
-
-Knight::Knight(Side newSide, Square newSquare, std::int32_t newId, Piece* copyFrom)
-    : Piece(knightClass, newSide, newSquare, newId, copyFrom) {}
-
-Bishop::Bishop(Side newSide, Square newSquare, std::int32_t newId, Piece* copyFrom)
-    : Piece(bishopClass, newSide, newSquare, newId, copyFrom) {}
-
-Rook::Rook(Side newSide, Square newSquare, std::int32_t newId, Piece* copyFrom)
-    : Piece(rookClass, newSide, newSquare, newId, copyFrom) {}
-
-Queen::Queen(Side newSide, Square newSquare, std::int32_t newId, Piece* copyFrom)
-    : Piece(queenClass, newSide, newSquare, newId, copyFrom) {}
-
-King::King(Side newSide, Square newSquare, std::int32_t newId, Piece* copyFrom)
-    : Piece(kingClass, newSide, newSquare, newId, copyFrom) {}
+Piece* Piece::make(PieceKind kind, Side side, Square square, std::int32_t id, Piece* copyFrom) {
+  switch (kind) {
+    case pawnKind:
+      if (side == white) return new WhitePawn(side, square, id, copyFrom);
+      return new BlackPawn(side, square, id, copyFrom);
+    case knightKind:
+      return new Knight(side, square, id, copyFrom);
+    case bishopKind:
+      return new Bishop(side, square, id, copyFrom);
+    case rookKind:
+      return new Rook(side, square, id, copyFrom);
+    case queenKind:
+      return new Queen(side, square, id, copyFrom);
+    case kingKind:
+      return new King(side, square, id, copyFrom);
+    case emptyKind:
+      break;
+  }
+  return nullptr;
+}
 
 }  // namespace quorvane

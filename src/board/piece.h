@@ -5,12 +5,11 @@
 #include <cstdint>
 
 #include "board/board.h"
+#include "board/piece_classes.h"
 #include "board/types.h"
 
 namespace quorvane {
 
-struct PawnRules;
-struct PieceClass;
 struct PieceFeatures;
 struct Surroundings;
 
@@ -26,20 +25,32 @@ struct Surroundings;
 class Piece : public Board {
  public:
   // The empty square's piece: side noSide, square noSquare, id 32.
-  Piece(Side side, Square square, std::int32_t id, Piece* copyFrom);
+  Piece(Side newSide, Square newSquare, std::int32_t newId, Piece* copyFrom)
+      : Piece(emptySquareClass, newSide, newSquare, newId, copyFrom) {}
+  // A new piece of a kind that stands on a board, with the arguments of the constructors: those of a piece that opens
+  // or joins the ring of its side, or `copyFrom`, a piece whose place the new one takes; the others are then ignored.
+  static Piece* make(PieceKind kind, Side side, Square square, std::int32_t id, Piece* copyFrom);
 
   // Can this piece go to `to`, its own king's safety apart? Sets `found` and `kind` of currentMove.
   virtual void testMove();
   // Appends the pseudo-legal moves to the active list; gives how many.
-  virtual std::int32_t generateMoves();
+  virtual std::int32_t generateMoves() { return generateRays(everyMove); }
   // Appends the captures of opposing pieces (and a pawn's step to its last rank); en passant is left out.
-  virtual void generateCaptures();
+  virtual void generateCaptures() { generateRays(capturesOnly); }
   // Writes the features of this piece into `configuration` and its marks into the words of the pieces it
   // reaches. Only ORs; called by ConfigurationPass::computeConfigurations only.
   virtual void addConfiguration();
 
   // True if a piece of the other side could take this piece where it stands. Leaves currentMove as it was.
   bool isAttacked();
+
+  // Goes to another square, where no piece stands any more, and leaves its own empty.
+  void stepTo(Square to) {
+    board[square] = EmptySquare;
+    board[to] = this;
+    toggleSquares(this, setOf(square) | setOf(to));
+    square = to;
+  }
 
   // Frees a piece made by `new`. Its links and the entries that refer to it are the caller's.
   static void release(Piece* piece);
@@ -66,6 +77,9 @@ class Piece : public Board {
   // piece's place on the board, in pieceById and in the ring; the other arguments are then ignored.
   Piece(const PieceClass& pieceClass, Side side, Square square, std::int32_t id, Piece* copyFrom);
 
+  // What a generator is asked for.
+  enum Wanted { everyMove, capturesOnly };
+
   // Copies currentMove, with `found` set, into the active list.
   static void emit();
 
@@ -76,14 +90,14 @@ class Piece : public Board {
   // The same once it is known that repeated steps of square numbers by `step` lead to `to`.
   void testLine(Square step);
 
-  // One step along each direction, of knight and king.
-  void generateSteps();
-  void generateStepCaptures();
+  // Along each direction up to the edge or the first piece, and one step, of knight and king. Like the next, these
+  // give the number of moves.
+  std::int32_t generateRays(Wanted wanted);
+  std::int32_t generateSteps(Wanted wanted);
 
   // Both pawn classes are these, each with the rules of its side.
   void testPawnMove(const PawnRules& rules);
-  std::int32_t generatePawnMoves(const PawnRules& rules);
-  void generatePawnCaptures(const PawnRules& rules);
+  std::int32_t generatePawnMoves(const PawnRules& rules, Wanted wanted);
   void addPawnConfiguration(const PawnRules& rules);
 
   // What the working storage of the pass holds, as this piece sees it.
@@ -99,58 +113,65 @@ inline void Board::toggleSquares(const Piece* piece, SquareSet squares) {
 
 class WhitePawn : public Piece {
  public:
-  WhitePawn(Side side, Square square, std::int32_t id, Piece* copyFrom);
-  void testMove() override;
-  std::int32_t generateMoves() override;
-  void generateCaptures() override;
+  WhitePawn(Side newSide, Square newSquare, std::int32_t newId, Piece* copyFrom)
+      : Piece(whitePawnClass, newSide, newSquare, newId, copyFrom) {}
+  void testMove() override { testPawnMove(whitePawnRules); }
+  std::int32_t generateMoves() override { return generatePawnMoves(whitePawnRules, everyMove); }
+  void generateCaptures() override { generatePawnMoves(whitePawnRules, capturesOnly); }
   void addConfiguration() override;
 };
 
 class BlackPawn : public Piece {
  public:
-  BlackPawn(Side side, Square square, std::int32_t id, Piece* copyFrom);
-  void testMove() override;
-  std::int32_t generateMoves() override;
-  void generateCaptures() override;
+  BlackPawn(Side newSide, Square newSquare, std::int32_t newId, Piece* copyFrom)
+      : Piece(blackPawnClass, newSide, newSquare, newId, copyFrom) {}
+  void testMove() override { testPawnMove(blackPawnRules); }
+  std::int32_t generateMoves() override { return generatePawnMoves(blackPawnRules, everyMove); }
+  void generateCaptures() override { generatePawnMoves(blackPawnRules, capturesOnly); }
   void addConfiguration() override;
 };
 
 class Knight : public Piece {
  public:
-  Knight(Side side, Square square, std::int32_t id, Piece* copyFrom);
+  Knight(Side newSide, Square newSquare, std::int32_t newId, Piece* copyFrom)
+      : Piece(knightClass, newSide, newSquare, newId, copyFrom) {}
   void testMove() override;
-  std::int32_t generateMoves() override;
-  void generateCaptures() override;
+  std::int32_t generateMoves() override { return generateSteps(everyMove); }
+  void generateCaptures() override { generateSteps(capturesOnly); }
   void addConfiguration() override;
 };
 
 class Bishop : public Piece {
  public:
-  Bishop(Side side, Square square, std::int32_t id, Piece* copyFrom);
+  Bishop(Side newSide, Square newSquare, std::int32_t newId, Piece* copyFrom)
+      : Piece(bishopClass, newSide, newSquare, newId, copyFrom) {}
   void testMove() override;
   void addConfiguration() override;
 };
 
 class Rook : public Piece {
  public:
-  Rook(Side side, Square square, std::int32_t id, Piece* copyFrom);
+  Rook(Side newSide, Square newSquare, std::int32_t newId, Piece* copyFrom)
+      : Piece(rookClass, newSide, newSquare, newId, copyFrom) {}
   void testMove() override;
   void addConfiguration() override;
 };
 
 class Queen : public Piece {
  public:
-  Queen(Side side, Square square, std::int32_t id, Piece* copyFrom);
+  Queen(Side newSide, Square newSquare, std::int32_t newId, Piece* copyFrom)
+      : Piece(queenClass, newSide, newSquare, newId, copyFrom) {}
   void testMove() override;
   void addConfiguration() override;
 };
 
 class King : public Piece {
  public:
-  King(Side side, Square square, std::int32_t id, Piece* copyFrom);
+  King(Side newSide, Square newSquare, std::int32_t newId, Piece* copyFrom)
+      : Piece(kingClass, newSide, newSquare, newId, copyFrom) {}
   void testMove() override;
   std::int32_t generateMoves() override;
-  void generateCaptures() override;
+  void generateCaptures() override { generateSteps(capturesOnly); }
   void addConfiguration() override;
 
   // The castling part of testMove: may the king go two files by steps of `direction`, +1 or -1? Moves the

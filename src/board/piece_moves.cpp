@@ -1,5 +1,6 @@
 // Moves of knights, bishops, rooks and queens, and what they share with the king.
 
+#include <cassert>
 #include <cstdlib>
 
 #include "board/mailbox.h"
@@ -16,6 +17,7 @@ constexpr Square signOf(Square difference) {
 }  // namespace
 
 void Piece::emit() {
+  assert(activeMoveList != nullptr && activeMoveList->count < moveBufferSize);
   currentMove.found = true;
   *activeMoveList->cursor++ = currentMove;
   ++activeMoveList->count;
@@ -53,8 +55,7 @@ void Piece::testStraight() {
   testLine(signOf(ranks) * 8 + signOf(files));
 }
 
-// The ray walker of bishop, rook and queen.
-std::int32_t Piece::generateMoves() {
+std::int32_t Piece::generateRays(Wanted wanted) {
   const std::int32_t before = activeMoveList->count;
   currentMove.from = square;
   currentMove.kind = ordinaryMove;
@@ -63,44 +64,26 @@ std::int32_t Piece::generateMoves() {
     while (currentMove.to != noSquare) {
       const Piece* target = board[currentMove.to];
       if (target->side == side) break;
-      emit();
-      if (target->kind != emptyKind) break;
+      const bool isFree = target->kind == emptyKind;
+      if (!isFree || wanted == everyMove) emit();
+      if (!isFree) break;
       currentMove.to = stepFrom(currentMove.to, *direction);
     }
   }
   return activeMoveList->count - before;
 }
 
-void Piece::generateCaptures() {
-  currentMove.from = square;
-  currentMove.kind = ordinaryMove;
-  for (const std::int32_t* direction = directions; *direction != noSquare; ++direction) {
-    Square to = stepFrom(square, *direction);
-    while (to != noSquare && board[to] == EmptySquare) to = stepFrom(to, *direction);
-    if (to == noSquare || board[to]->side == side) continue;
-    currentMove.to = to;
-    emit();
-  }
-}
-
-void Piece::generateSteps() {
-  currentMove.from = square;
-  currentMove.kind = ordinaryMove;
-  for (const std::int32_t* direction = directions; *direction != noSquare; ++direction) {
-    currentMove.to = stepFrom(square, *direction);
-    if (currentMove.to != noSquare && board[currentMove.to]->side != side) emit();
-  }
-}
-
-void Piece::generateStepCaptures() {
+std::int32_t Piece::generateSteps(Wanted wanted) {
+  const std::int32_t before = activeMoveList->count;
   currentMove.from = square;
   currentMove.kind = ordinaryMove;
   for (const std::int32_t* direction = directions; *direction != noSquare; ++direction) {
     currentMove.to = stepFrom(square, *direction);
     if (currentMove.to == noSquare) continue;
     const Piece* target = board[currentMove.to];
-    if (target->side != side && target->kind != emptyKind) emit();
+    if (target->side != side && (target->kind != emptyKind || wanted == everyMove)) emit();
   }
+  return activeMoveList->count - before;
 }
 
 void Knight::testMove() {
@@ -108,16 +91,6 @@ void Knight::testMove() {
   const std::int32_t ranks = rankOf(currentMove.to) - rankOf(square);
   const std::int32_t files = fileOf(currentMove.to) - fileOf(square);
   currentMove.found = ranks * ranks + files * files == 5 && board[currentMove.to]->side != side;
-}
-
-std::int32_t Knight::generateMoves() {
-  const std::int32_t before = activeMoveList->count;
-  generateSteps();
-  return activeMoveList->count - before;
-}
-
-void Knight::generateCaptures() {
-  generateStepCaptures();
 }
 
 void Bishop::testMove() {

@@ -2,6 +2,7 @@
 #define QUORVANE_BOARD_PLACEMENT_H_
 
 #include <array>
+#include <cassert>
 #include <cstdint>
 #include <span>
 
@@ -41,6 +42,7 @@ class Placement {
   bool fitsBoard() const;
 
   void append(Side side, PieceKind kind, Square square) {
+    assert(square >= 0 && square < squareCount);
     const std::int32_t list = placementListOf(side, kind);
     lists.appendTo(static_cast<std::size_t>(list), static_cast<std::uint8_t>(square));
   }

@@ -1,3 +1,5 @@
+#include <cassert>
+
 #include "board/piece.h"
 #include "board/placement.h"
 
@@ -5,34 +7,13 @@ namespace quorvane {
 
 namespace {
 
-Piece* newPiece(PieceKind kind, Side side, Square square, std::int32_t id) {
-  switch (kind) {
-    case pawnKind:
-      if (side == white) return new WhitePawn(side, square, id, nullptr);
-      return new BlackPawn(side, square, id, nullptr);
-    case knightKind:
-      return new Knight(side, square, id, nullptr);
-    case bishopKind:
-      return new Bishop(side, square, id, nullptr);
-    case rookKind:
-      return new Rook(side, square, id, nullptr);
-    case queenKind:
-      return new Queen(side, square, id, nullptr);
-    case kingKind:
-      return new King(side, square, id, nullptr);
-    case emptyKind:
-      break;
-  }
-  return nullptr;
-}
-
 // The lists of a side from the last to the first, so that the king opens the ring. Gives the king.
 Piece* newSide(const Placement& placement, Side side, std::int32_t firstId) {
   Piece* king = nullptr;
   std::int32_t id = firstId;
   for (std::int32_t list = placementListsPerSide - 1; list >= 0; --list) {
     for (const std::uint8_t square : placement[side * placementListsPerSide + list]) {
-      Piece* const piece = newPiece(placementKinds[list], side, square, id--);
+      Piece* const piece = Piece::make(placementKinds[list], side, square, id--, nullptr);
       if (piece->kind == kingKind) king = piece;
     }
   }
@@ -42,6 +23,8 @@ Piece* newSide(const Placement& placement, Side side, std::int32_t firstId) {
 }  // namespace
 
 void Board::setupPosition(const Placement& placement, Side side) {
+  assert(placement.fitsBoard() && placement[whiteKingList].size() == 1 &&
+         placement[blackKingList].size() == 1);
   clearPosition();
   currentMove.sideToMove = static_cast<std::uint8_t>(side);
   enPassantSquare = noSquare;

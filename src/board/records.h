@@ -1,6 +1,7 @@
 #ifndef QUORVANE_BOARD_RECORDS_H_
 #define QUORVANE_BOARD_RECORDS_H_
 
+#include <cassert>
 #include <cstdint>
 
 #include "board/types.h"
@@ -53,7 +54,10 @@ struct HistoryStack {
   UndoRecord records[historyCapacity];
 
   // The record of the n-th made move, counted from 1.
-  UndoRecord& record(std::int32_t n) { return records[n - 1]; }
+  UndoRecord& record(std::int32_t n) {
+    assert(n >= 1 && n <= historyCapacity);
+    return records[n - 1];
+  }
 };
 
 }  // namespace quorvane

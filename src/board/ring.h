@@ -1,6 +1,7 @@
 #ifndef QUORVANE_BOARD_RING_H_
 #define QUORVANE_BOARD_RING_H_
 
+#include <cassert>
 #include <iterator>
 
 #include "board/piece.h"
@@ -10,7 +11,7 @@ namespace quorvane {
 // The pieces of a side, for a loop over them: the king first, then by rising ids.
 class Ring {
  public:
-  explicit Ring(Piece* anchor) : king(anchor) {}
+  explicit Ring(Piece* anchor) : king(anchor) { assert(king->kind == kingKind); }
 
   class Iterator {
    public:

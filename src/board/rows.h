@@ -1,6 +1,7 @@
 #ifndef QUORVANE_BOARD_ROWS_H_
 #define QUORVANE_BOARD_ROWS_H_
 
+#include <cassert>
 #include <cstdint>
 #include <limits>
 #include <span>
@@ -28,6 +29,7 @@ class Rows {
 
   // Valid until the rows change.
   std::span<const T> operator[](std::size_t row) const {
+    assert(row < size());
     const std::size_t begin = row == 0 ? 0 : rowEnds[row - 1];
     return {values.data() + begin, rowEnds[row] - begin};
   }

@@ -65,6 +65,14 @@ enum MoveKind : std::int32_t {
   doubleStep = 12
 };
 
+// The kind that a promotion makes of a pawn, and the other way round.
+constexpr PieceKind promotedKind(MoveKind promotion) {
+  return promotion == promoteToQueen ? queenKind : PieceKind{promotion - promoteToKnight + knightKind};
+}
+constexpr MoveKind promotionTo(std::int32_t kind) {
+  return kind == queenKind ? promoteToQueen : MoveKind{kind - knightKind + promoteToKnight};
+}
+
 // Class of a position by its material, 0 to 13; see Network::classifyPosition.
 using PositionType = std::int32_t;
 inline constexpr PositionType positionTypeCount = 14;

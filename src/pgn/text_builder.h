@@ -1,6 +1,7 @@
 #ifndef QUORVANE_PGN_TEXT_BUILDER_H_
 #define QUORVANE_PGN_TEXT_BUILDER_H_
 
+#include <cassert>
 #include <cstddef>
 #include <cstdint>
 #include <limits>
@@ -19,7 +20,10 @@ class TextBuilder {
     if (text.size() - used < characters) text.resize(2 * (used + characters));
     return text.data() + used;
   }
-  void extendTo(const char* end) { used = static_cast<std::size_t>(end - text.data()); }
+  void extendTo(const char* end) {
+    used = static_cast<std::size_t>(end - text.data());
+    assert(used <= text.size());
+  }
 
   void add(char character) {
     *room(1) = character;
@@ -38,6 +42,7 @@ class TextBuilder {
 
   // The string that was closed last; valid until the next change.
   std::string_view back() const {
+    assert(!ends.empty());
     const std::size_t begin = ends.size() == 1 ? 0 : ends[ends.size() - 2];
     return {text.data() + begin, ends.back() - begin};
   }

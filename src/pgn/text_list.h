@@ -1,6 +1,7 @@
 #ifndef QUORVANE_PGN_TEXT_LIST_H_
 #define QUORVANE_PGN_TEXT_LIST_H_
 
+#include <cassert>
 #include <cstddef>
 #include <cstdint>
 #include <string_view>
@@ -17,6 +18,7 @@ class TextList {
   bool empty() const { return count == 0; }
 
   std::string_view operator[](std::size_t index) const {
+    assert(index < count);
     const std::size_t begin = index == 0 ? 0 : endOf(index - 1);
     return {text + begin, endOf(index) - begin};
   }

@@ -1,5 +1,7 @@
 #include "pgn/token_reader.h"
 
+#include <cassert>
+
 namespace quorvane {
 
 namespace {
@@ -59,6 +61,7 @@ char readAll(PgnScanner& scanner, char first, TextBuilder& tokens, Note note) {
 }  // namespace
 
 void TokenReader::readTag(TextBuilder& tags) {
+  assert(atTag());
   scanner.readUpTo(']', tags);
   tags.close();
   first = scanner.readCharacter();

@@ -33,6 +33,15 @@ TEST_F(GameMove, FirstRecordThatFitsIsMade) {
   EXPECT_EQ(at("f3").kind, knightKind);
 }
 
+TEST_F(GameMove, CastlingIsAlsoWrittenAsAMoveOfTheKing) {
+  for (const auto& [token, rook] : FenLines{{"Kg1", "f1"}, {"Kc1", "d1"}, {"Ke1g1", "f1"}}) {
+    setUp("4k3/8/8/8/8/8/8/R3K2R w");
+    EXPECT_TRUE(play(token)) << token;
+    EXPECT_EQ(at(rook).kind, rookKind) << token;
+    EXPECT_EQ(history->record(1).undoKind, rook == "f1" ? castleKingSide : castleQueenSide) << token;
+  }
+}
+
 TEST_F(GameMove, CodePromotesWhateverMoves) {
   const std::pair<const char*, PieceKind> lines[] = {{"b8", queenKind},
                                                      {"bxa8=N", knightKind},
