@@ -5,6 +5,7 @@
 #include <new>
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include "configurations/bit_names.h"
 #include "configurations/position_type.h"
@@ -34,23 +35,12 @@ void putText(std::string_view text, char* place, std::size_t size) {
   place[length] = '\0';
 }
 
-// By the network's own patterns.
-auto valuesOf(const quorvane_network& network) {
-  return [&](PositionType type, std::int32_t kind, ConfigurationWord word) {
-    return network.learned.patterns(type, kind).valueOf(word);
-  };
-}
-auto valuesOf(quorvane_cache& cache) {
-  return [&](PositionType type, std::int32_t kind, ConfigurationWord word) {
-    return cache.words.valueOf(type, kind, word);
-  };
-}
-
+// By a network's own patterns or by a cache.
 template <typename Source>
 int evaluateFrom(Source& source, const quorvane_position& position, double& value) {
   PositionSets sets;
   const quorvane_status status = readPosition(position, sets);
-  if (status == QUORVANE_OK) value = evaluate(sets, describe(sets), valuesOf(source));
+  if (status == QUORVANE_OK) value = evaluate(sets, describe(sets), source);
   return status;
 }
 
@@ -65,6 +55,24 @@ bool isType(int type) {
   return type >= 0 && type < positionTypeCount;
 }
 
+constexpr std::pair<quorvane_status, const char*> statusTexts[] = {
+    {QUORVANE_OK, "nothing is wrong"},
+    {QUORVANE_NULL_POINTER, "a pointer is null that may not be"},
+    {QUORVANE_OUT_OF_MEMORY, "memory has run out"},
+    {QUORVANE_FEN_BOARD, "the board of the FEN is not made of 8 ranks of 8 files"},
+    {QUORVANE_FEN_SIDE, "the side to move of the FEN is neither w nor b"},
+    {QUORVANE_FEN_CASTLING, "the castling field of the FEN is neither - nor made of letters such as KQkq"},
+    {QUORVANE_FEN_EN_PASSANT, "the en passant field of the FEN is neither - nor a square"},
+    {QUORVANE_PIECE_COUNT,
+     "there are more than 16 pieces on a side, or their count is no number from 0 to 32"},
+    {QUORVANE_PIECE_UNKNOWN, "a piece is none of the twelve"},
+    {QUORVANE_SQUARE_RANGE, "a square is not on the board"},
+    {QUORVANE_SQUARE_TAKEN, "two pieces stand on one square"},
+    {QUORVANE_KING_COUNT, "a side does not have exactly one king"},
+    {QUORVANE_PAWN_ON_LAST_RANK, "a pawn stands on its last rank"},
+    {QUORVANE_SIDE_UNKNOWN, "the side to move is neither White nor Black"},
+};
+
 }  // namespace
 
 const char* quorvane_version() noexcept {
@@ -72,38 +80,10 @@ const char* quorvane_version() noexcept {
 }
 
 const char* quorvane_status_text(int status) noexcept {
-  switch (status) {
-    case QUORVANE_OK:
-      return "nothing is wrong";
-    case QUORVANE_NULL_POINTER:
-      return "a pointer is null that may not be";
-    case QUORVANE_OUT_OF_MEMORY:
-      return "memory has run out";
-    case QUORVANE_FEN_BOARD:
-      return "the board of the FEN is not made of 8 ranks of 8 files";
-    case QUORVANE_FEN_SIDE:
-      return "the side to move of the FEN is neither w nor b";
-    case QUORVANE_FEN_CASTLING:
-      return "the castling field of the FEN is neither - nor made of letters such as KQkq";
-    case QUORVANE_FEN_EN_PASSANT:
-      return "the en passant field of the FEN is neither - nor a square";
-    case QUORVANE_PIECE_COUNT:
-      return "there are more than 16 pieces on a side, or their count is no number from 0 to 32";
-    case QUORVANE_PIECE_UNKNOWN:
-      return "a piece is none of the twelve";
-    case QUORVANE_SQUARE_RANGE:
-      return "a square is not on the board";
-    case QUORVANE_SQUARE_TAKEN:
-      return "two pieces stand on one square";
-    case QUORVANE_KING_COUNT:
-      return "a side does not have exactly one king";
-    case QUORVANE_PAWN_ON_LAST_RANK:
-      return "a pawn stands on its last rank";
-    case QUORVANE_SIDE_UNKNOWN:
-      return "the side to move is neither White nor Black";
-    default:
-      return "unknown status";
+  for (const auto& [known, text] : statusTexts) {
+    if (known == status) return text;
   }
+  return "unknown status";
 }
 
 quorvane_network* quorvane_network_open(const char* path, char* error, size_t error_size) noexcept {
@@ -161,18 +141,18 @@ int quorvane_position_type(const quorvane_position* position, int* type) noexcep
 int quorvane_evaluate(const quorvane_network* network, const quorvane_position* position,
                       double* value) noexcept {
   if (network == nullptr || position == nullptr || value == nullptr) return QUORVANE_NULL_POINTER;
-  return evaluateFrom(*network, *position, *value);
+  return evaluateFrom(network->learned, *position, *value);
 }
 
 int quorvane_evaluate_fen(const quorvane_network* network, const char* fen, double* value) noexcept {
   if (network == nullptr || fen == nullptr || value == nullptr) return QUORVANE_NULL_POINTER;
-  return evaluateFrom(*network, fen, *value);
+  return evaluateFrom(network->learned, fen, *value);
 }
 
 int quorvane_evaluate_cached(quorvane_cache* cache, const quorvane_position* position,
                              double* value) noexcept {
   if (cache == nullptr || position == nullptr || value == nullptr) return QUORVANE_NULL_POINTER;
-  return evaluateFrom(*cache, *position, *value);
+  return evaluateFrom(cache->words, *position, *value);
 }
 
 int quorvane_evaluate_fens(quorvane_cache* cache, const char* const* fens, size_t count, double* values,
@@ -183,7 +163,8 @@ int quorvane_evaluate_fens(quorvane_cache* cache, const char* const* fens, size_
   size_t at = 0;
   int status = QUORVANE_OK;
   for (; at < count; ++at) {
-    status = fens[at] == nullptr ? int{QUORVANE_NULL_POINTER} : evaluateFrom(*cache, fens[at], values[at]);
+    status =
+        fens[at] == nullptr ? int{QUORVANE_NULL_POINTER} : evaluateFrom(cache->words, fens[at], values[at]);
     if (status != QUORVANE_OK) break;
   }
   if (done != nullptr) *done = at;
@@ -198,7 +179,7 @@ int quorvane_explain(const quorvane_network* network, const quorvane_position* p
   if (status != QUORVANE_OK) return status;
   const PositionWords described = describe(sets);
   *explanation = {};
-  explanation->value = evaluate(sets, described, valuesOf(*network));
+  explanation->value = evaluate(sets, described, network->learned);
   explanation->type = described.type;
   for (const Square square : Squares(described.occupied)) {
     const Side side = (sets.pieces.ofSide(white) & setOf(square)) != 0 ? white : black;
@@ -206,7 +187,7 @@ int quorvane_explain(const quorvane_network* network, const quorvane_position* p
     while ((sets.pieces[side][kind] & setOf(square)) == 0) ++kind;
     auto& piece = explanation->pieces[explanation->count++];
     piece.word = described.words[square];
-    piece.value = network->learned.patterns(described.type, kind).valueOf(piece.word);
+    piece.value = network->learned.valueOf(described.type, kind, piece.word);
     piece.piece = static_cast<std::uint8_t>(side == white ? kind : kind + QUORVANE_BLACK_PAWN);
     piece.square = static_cast<std::uint8_t>(square);
   }

@@ -13,21 +13,24 @@ class LearnedNetwork {
   // Of a table that was read strictly.
   explicit LearnedNetwork(const NetworkTable& table);
 
-  const PatternTrie& patterns(PositionType type, std::int32_t kind) const { return tries[type][kind]; }
+  double valueOf(PositionType type, std::int32_t kind, ConfigurationWord word) const {
+    return tries[type][kind].valueOf(word);
+  }
   bool knows(PositionType type) const;
 
  private:
   Table<Table<PatternTrie, pieceKindCount>, positionTypeCount> tries;
 };
 
-// The value of a position, which `described` describes, as the side to move sees it, with the worth of a word from `valueOf(type, kind, word)`.
-template <typename ValueOf>
-double evaluate(const PositionSets& position, const PositionWords& described, ValueOf valueOf) {
+// The value of a position, which `described` describes, as the side to move sees it; what words are worth comes from
+// `source`, a LearnedNetwork or a WordCache.
+template <typename Source>
+double evaluate(const PositionSets& position, const PositionWords& described, Source& source) {
   const auto sumOf = [&](Side side) {
     double sum = 0.0;
     for (std::int32_t kind = 0; kind < pieceKindCount; ++kind) {
       for (const Square square : Squares(position.pieces[side][kind])) {
-        sum += valueOf(described.type, kind, described.words[square]);
+        sum += source.valueOf(described.type, kind, described.words[square]);
       }
     }
     return sum;

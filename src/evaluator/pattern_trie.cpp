@@ -1,6 +1,7 @@
 #include "evaluator/pattern_trie.h"
 
 #include <bit>
+#include <cassert>
 #include <limits>
 #include <stdexcept>
 
@@ -16,7 +17,9 @@ void PatternTrie::addTrees(const NodeList& list, std::size_t begin, std::size_t 
   if (begin == end) return;
   const auto forEachTree = [&](auto visit) {
     for (std::size_t at = begin; at < end;) {
+      assert(list[at].skip > 0 && std::has_single_bit(list[at].mask ^ parentMask));
       const std::size_t next = at + static_cast<std::size_t>(list[at].skip);
+      assert(next <= end);
       visit(at, next, list[at].mask & ~parentMask);
       at = next;
     }

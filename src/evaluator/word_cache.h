@@ -1,6 +1,7 @@
 #ifndef QUORVANE_EVALUATOR_WORD_CACHE_H_
 #define QUORVANE_EVALUATOR_WORD_CACHE_H_
 
+#include <cassert>
 #include <cstdint>
 #include <vector>
 
@@ -15,10 +16,10 @@ class WordCache {
   explicit WordCache(const LearnedNetwork& cached) : network(cached), entries(size) {}
 
   double valueOf(PositionType type, std::int32_t kind, ConfigurationWord word) {
+    assert(type >= 0 && type < positionTypeCount && kind >= 0 && kind < pieceKindCount);
     const auto list = static_cast<std::uint32_t>(type * pieceKindCount + kind);
     Entry& entry = entries[indexOf(list, word)];
-    if (entry.word != word || entry.list != list)
-      entry = {word, list, network.patterns(type, kind).valueOf(word)};
+    if (entry.word != word || entry.list != list) entry = {word, list, network.valueOf(type, kind, word)};
     return entry.value;
   }
 

@@ -1,6 +1,7 @@
 #include "inspect/annotate/annotation.h"
 
 #include <algorithm>
+#include <cassert>
 #include <optional>
 #include <sstream>
 #include <string_view>
@@ -8,7 +9,6 @@
 #include <vector>
 
 #include "inspect/annotate/eval_comment.h"
-#include "inspect/annotate/pawn_scale.h"
 #include "inspect/common/game_files.h"
 #include "inspect/position/position.h"
 #include "pgn/token_reader.h"
@@ -24,6 +24,7 @@ class ChangedCopy {
 
   // Each no earlier in the text than the last one.
   void replace(std::size_t begin, std::size_t end, std::string_view replacement) {
+    assert(copied <= begin && begin <= end && end <= text.size());
     copy.append(text, copied, begin - copied).append(replacement);
     copied = end;
   }

@@ -1,8 +1,29 @@
 #include "inspect/annotate/eval_comment.h"
 
+#include <algorithm>
+#include <cassert>
+#include <cmath>
+
 #include "inspect/common/text_columns.h"
 
 namespace quorvane::inspect {
+
+// lichess.org/page/accuracy has, for a value of cp centipawns,
+//
+//   Win% = 50 + 50 (2 / (1 + exp(-0.00368208 cp)) - 1)
+//
+// that is p = Win% / 100 = 1 / (1 + exp(-0.00368208 cp)), and the other way about
+//
+//   cp = log(p / (1 - p)) / 0.00368208
+//
+// A p of 0 or 1 gives an infinite cp, which the limits take away.
+double pawnsOfScore(double expectedScore) {
+  assert(expectedScore >= 0.0 && expectedScore <= 1.0);
+  constexpr double steepness = 0.00368208;  // for each centipawn
+  constexpr double centipawns = 100.0;
+  const double pawns = std::log(expectedScore / (1.0 - expectedScore)) / (steepness * centipawns);
+  return std::clamp(pawns, -mostPawns, mostPawns);
+}
 
 std::string evalCommand(double pawns) {
   return "[%eval " + fixed(pawns, 2) + "]";

@@ -8,6 +8,12 @@
 
 namespace quorvane::inspect {
 
+// The greatest number of pawns: as good as won.
+inline constexpr double mostPawns = 10.0;
+
+// The pawns of which lichess expects this score, from 0 to 1; 0 for 0.5, at most mostPawns either way.
+double pawnsOfScore(double expectedScore);
+
 // "[%eval 0.35]", the command of a comment that gives a value in pawns, as White sees it.
 std::string evalCommand(double pawns);
 

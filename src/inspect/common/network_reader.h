@@ -3,12 +3,19 @@
 
 #include <string>
 
-#include "network/network_table.h"
+#include "inspect/common/fault.h"
+#include "network/strict_network.h"
 
 namespace quorvane::inspect {
 
 // Reads a network file whole and strictly; throws a Fault if it cannot be read or is no network.
-NetworkTable readNetwork(const std::string& name);
+inline NetworkTable readNetwork(const std::string& name) {
+  try {
+    return readStrictly(name);
+  } catch (const DamagedNetwork& damage) {
+    throw Fault(name, damage.what());
+  }
+}
 
 }  // namespace quorvane::inspect
 

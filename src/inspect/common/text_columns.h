@@ -1,6 +1,7 @@
 #ifndef QUORVANE_INSPECT_COMMON_TEXT_COLUMNS_H_
 #define QUORVANE_INSPECT_COMMON_TEXT_COLUMNS_H_
 
+#include <cassert>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -34,7 +35,10 @@ class TextColumns {
   explicit TextColumns(std::string_view columnSides) : sides(columnSides) {}
 
   // A line may have fewer cells than there are columns.
-  void add(std::vector<std::string> cells) { lines.push_back(std::move(cells)); }
+  void add(std::vector<std::string> cells) {
+    assert(cells.size() <= sides.size());
+    lines.push_back(std::move(cells));
+  }
 
   // Two blanks in front of each line and between columns.
   std::string str() const;

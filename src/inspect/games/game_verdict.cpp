@@ -1,7 +1,5 @@
 #include "inspect/games/game_verdict.h"
 
-#include <algorithm>
-
 #include "board/legal_moves.h"
 #include "board/piece.h"
 

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cassert>
 #include <cstdint>
 #include <random>
 #include <utility>
@@ -39,6 +40,7 @@ std::vector<Game> sumUp(const Contender& first, const Contender& second, Compari
     if (first.validation.patterns[type] == 0 && second.validation.patterns[type] == 0) continue;
     ComparedType& compared = comparison.byType[type];
     const Predictions& predictions = first.validation.byType[type];
+    assert(predictions.size() == second.validation.byType[type].size());
     for (std::size_t sample = 0; sample < predictions.size(); ++sample) {
       const Prediction& one = predictions[sample];
       const Score ofFirst = scoreOf(one, one.value, first.curves.types[type].steepness);

@@ -38,7 +38,7 @@ struct Contender {
   Calibration curves;
 };
 
-// Resamples whole games (Efron's bootstrap, percentiles of 1000 draws): the positions of one game are not independent.
+// The contenders must have been measured on the same games. Resamples whole games (Efron's bootstrap, percentiles of 1000 draws): the positions of one game are not independent.
 Comparison compare(const Contender& first, const Contender& second);
 
 // Which is better, or that the games cannot tell; one line.

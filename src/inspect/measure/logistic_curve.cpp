@@ -1,6 +1,7 @@
 #include "inspect/measure/logistic_curve.h"
 
 #include <algorithm>
+#include <cassert>
 #include <cmath>
 
 namespace quorvane::inspect {
@@ -16,6 +17,7 @@ double totalLoss(double steepness, const std::vector<ScoredValue>& scored) {
 }  // namespace
 
 double expectedScore(double steepness, double value) {
+  assert(steepness >= 0.0);
   return 1.0 / (1.0 + std::exp(-steepness * value));
 }
 

@@ -11,7 +11,8 @@ struct ScoredValue {
   double score;
 };
 
-// The expected score p(v) = 1 / (1 + exp(-k v)), from 0 to 1: it rises with the value, and 0 means 0.5.
+// The expected score p(v) = 1 / (1 + exp(-k v)), from 0 to 1, for a k of at least 0: it rises with the value, and 0
+// means 0.5.
 double expectedScore(double steepness, double value);
 
 // The k of the greatest likelihood, that is of the greatest sum of s log p(v) + (1 - s) log(1 - p(v)). Never below 0:

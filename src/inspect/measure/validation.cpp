@@ -1,6 +1,7 @@
 #include "inspect/measure/validation.h"
 
 #include <algorithm>
+#include <cassert>
 #include <memory>
 #include <tuple>
 #include <utility>
@@ -65,8 +66,8 @@ class Validator : public Position {
         worths[kind][squareAt(relativeRank(side, rankOf(square)), fileOf(square))].add(worth);
       };
       const double value = networks[index]->of(position, add);
-      validations[index].byType[type].push_back({value, target, outcome, materialOf(position.sets),
-                                                 static_cast<std::uint32_t>(tally.withResult)});
+      validations[index].byType[type].push_back(
+          {value, target, outcome, materialOf(position.sets), static_cast<std::uint32_t>(tally.withResult)});
     }
   }
 
@@ -111,6 +112,7 @@ std::vector<Band> bandsOf(Predictions predictions) {
 
 std::vector<Validation> validateOn(std::span<const NetworkTable> tables,
                                    const std::vector<std::string>& files, const ShowProgress& showProgress) {
+  assert(!tables.empty() && !files.empty());
   Validator validator(tables);
   for (const std::string& file : files) validator.addFile(file, showProgress);
   return validator.finish(files);

@@ -59,8 +59,8 @@ struct Validation {
   Predictions all() const;
 };
 
-// Measures networks on the samples that the utility would learn from these files, in the order of the networks. Throws
-// a Fault for a file without a game that has a result, and if there is no sample at all.
+// Measures networks, at least one, on the samples that the utility would learn from these files, at least one; in the
+// order of the networks. Throws a Fault for a file without a game that has a result, and if there is no sample at all.
 std::vector<Validation> validateOn(std::span<const NetworkTable> tables,
                                    const std::vector<std::string>& files, const ShowProgress& showProgress);
 Validation validateOn(const NetworkTable& table, const std::vector<std::string>& files,

@@ -1,8 +1,9 @@
+#include "inspect/position/fen_fault.h"
+
 #include <algorithm>
 #include <cstdlib>
 
 #include "board/piece.h"
-#include "inspect/position/fen_fault.h"
 
 namespace quorvane::inspect {
 

@@ -1,5 +1,7 @@
 #include "inspect/position/position.h"
 
+#include <cassert>
+
 #include "board/board_fen.h"
 #include "board/piece.h"
 #include "inspect/common/fault.h"
@@ -60,9 +62,9 @@ Origin Position::setGame(const std::string& fileName, std::int32_t number, std::
 }
 
 DescribedPosition Position::described() {
+  assert(kings[white] != nullptr && kings[black] != nullptr);
   const auto hasCastled = [](Side side) { return static_cast<const King*>(kings[side])->castled; };
-  const PositionSets sets{
-      squaresOf, currentMove.sideToMove, {{hasCastled(black), hasCastled(white)}}};
+  const PositionSets sets{squaresOf, currentMove.sideToMove, {{hasCastled(black), hasCastled(white)}}};
   return {sets, quorvane::describe(sets)};
 }
 

@@ -38,7 +38,7 @@ class Position : public Board {
   // is no such game or no such ply.
   static Origin setGame(const std::string& fileName, std::int32_t number, std::int32_t plies);
 
-  // The position on the board.
+  // The position on the board, which must have been set up.
   static DescribedPosition described();
 };
 

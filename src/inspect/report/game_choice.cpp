@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <functional>
 #include <map>
-#include <utility>
 
 #include "inspect/common/mean.h"
 
@@ -22,13 +21,10 @@ std::vector<std::uint32_t> gamesByDifference(const Validation& validation, const
       differences[prediction.game].add(difference * difference);
     }
   }
-  std::vector<std::pair<double, std::uint32_t>> sorted;
-  sorted.reserve(differences.size());
-  for (const auto& [game, difference] : differences) sorted.emplace_back(*difference.value(), game);
-  std::ranges::stable_sort(sorted, std::greater(), &std::pair<double, std::uint32_t>::first);
   std::vector<std::uint32_t> games;
-  games.reserve(sorted.size());
-  for (const auto& [difference, game] : sorted) games.push_back(game);
+  for (const auto& [game, difference] : differences) games.push_back(game);
+  std::ranges::stable_sort(games, std::greater(),
+                           [&](std::uint32_t game) { return *differences.at(game).value(); });
   return games;
 }
 

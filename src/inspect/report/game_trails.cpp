@@ -1,8 +1,6 @@
 #include "inspect/report/game_trails.h"
 
 #include <algorithm>
-#include <map>
-#include <utility>
 
 #include "inspect/common/game_files.h"
 #include "inspect/position/position.h"
@@ -24,11 +22,13 @@ class TrailFollower : public Position {
                     game.result(),
                     {}};
     setupPosition(game.placement, game.sideToMove);
-    trail.steps.push_back({{}, noSquare, noSquare, explainPosition(table, {})});
+    const auto addStep = [&](std::string_view token, Square from, Square to) {
+      trail.steps.push_back({std::string(token), from, to, explainPosition(table, {})});
+    };
+    addStep({}, noSquare, noSquare);
     for (DecodedMove move; game.nextMove(move) && playGameMove(move);) {
       const UndoRecord& made = history->record(history->depth);
-      const std::string_view token = game.tokens[static_cast<std::size_t>(game.tokenCursor - 1)];
-      trail.steps.push_back({std::string(token), made.fromSquare, made.toSquare, explainPosition(table, {})});
+      addStep(game.tokens[static_cast<std::size_t>(game.tokenCursor - 1)], made.fromSquare, made.toSquare);
     }
     return trail;
   }
@@ -39,23 +39,20 @@ class TrailFollower : public Position {
 std::vector<GameTrail> followGames(const std::vector<std::string>& files,
                                    const std::vector<std::uint32_t>& games, const NetworkTable& table) {
   const TrailFollower follower;
-  std::map<std::uint32_t, GameTrail> trails;
+  std::vector<GameTrail> trails(games.size());
   std::uint32_t next = 0;
   for (const std::string& file : files) {
     PgnDatabase database = loadGames(file);
     PgnGame* game;
-    for (std::int32_t index = 0; (game = database.game(index)) != nullptr; ++index) {
+    for (std::int32_t number = 1; (game = database.game(number - 1)) != nullptr; ++number) {
       if (game->result() == noResult) continue;
-      if (std::ranges::count(games, next) != 0)
-        trails.emplace(next, follower.follow(file, index + 1, *game, table));
-      ++next;
+      const auto wanted = std::ranges::find(games, next++) - games.begin();
+      if (wanted == std::ssize(games)) continue;
+      trails[static_cast<std::size_t>(wanted)] = follower.follow(file, number, *game, table);
     }
   }
-  std::vector<GameTrail> inOrder;
-  for (const std::uint32_t game : games) {
-    if (trails.contains(game)) inOrder.push_back(std::move(trails.at(game)));
-  }
-  return inOrder;
+  std::erase_if(trails, [](const GameTrail& trail) { return trail.steps.empty(); });
+  return trails;
 }
 
 }  // namespace quorvane::inspect
