@@ -50,7 +50,7 @@ class PlainFit {
          {std::pair(&sample.ownList, 1.0), std::pair(&sample.opposingList, -1.0)}) {
       for (const PieceConfiguration& piece : *list) {
         forEachFiringNode(network.row()[piece.kind], piece.word,
-                          [&](PatternNode& node) { fire(node, sign); });
+                          [&, signOfList = sign](PatternNode& node) { fire(node, signOfList); });
       }
     }
   }
