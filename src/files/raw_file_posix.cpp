@@ -102,7 +102,8 @@ bool moveOver(const fs::path& from, const fs::path& to) {
   if (std::rename(from.c_str(), to.c_str()) != 0) return false;
   // The name stands whether or not its folder may be opened and synced.
   const fs::path folder = to.parent_path() / ".";
-  RawFile(::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC)).sync();
+  RawFile opened(::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+  if (opened.isOpen()) opened.sync();
   return true;
 }
 
