@@ -1,5 +1,6 @@
-// What the library for evaluating costs: by the position, over all those of 4,000 generated games, or of the file that the
-// environment names as QUORVANE_BENCH_GAMES; with the patterns of these games. What they weigh takes no time.
+// What the library for evaluating costs: by the position, over all those of 4,000 generated games, or of the
+// file that the environment names as QUORVANE_BENCH_GAMES; with the patterns of these games. What they weigh
+// takes no time.
 
 #include <algorithm>
 #include <cstdlib>
@@ -105,8 +106,8 @@ void BM_EvaluateFen(benchmark::State& state) {
 }
 BENCHMARK(BM_EvaluateFen);
 
-// Over and over the first positions of the games, as many as the argument says: the cache knows most words of few of
-// them, and of all meets new ones all the time.
+// Over and over the first positions of the games, as many as the argument says: the cache knows most words of
+// few of them, and of all meets new ones all the time.
 void BM_EvaluateCached(benchmark::State& state) {
   const std::vector<GamePosition>& all = positions().all;
   const std::size_t count = std::min(all.size(), static_cast<std::size_t>(state.range(0)));

@@ -1,6 +1,6 @@
 // Any bytes pass as the text of a FEN tag. What load makes of them stands on the board, where every move can
-// be made, described and taken back; the library for evaluating describes all of it alike, and takes no text for a FEN
-// in which load sees other pieces.
+// be made, described and taken back; the library for evaluating describes all of it alike, and takes no text
+// for a FEN in which load sees other pieces.
 
 #include <algorithm>
 #include <utility>

@@ -69,7 +69,10 @@ void TestedBoard::play(const std::vector<MoveRecord>& moves, const MoveRecord& w
   }
   require(BoardLaws::state() == states.back(), "a refused move changes nothing");
   states.pop_back();
-  require(refused || !LegalMoves::isLegal(first), "a move that fits is refused for its own king alone");
+  if (refused) return;
+  make(first);
+  require(ownKing.isAttacked(), "a move that fits is refused for its own king alone");
+  unmake();
 }
 
 void TestedBoard::describe() {

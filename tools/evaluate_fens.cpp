@@ -1,5 +1,6 @@
-// evaluate_fens NETWORK: prints for each line of standard input, a FEN, all that the evaluator says of it: the value to
-// its last digit, type, words and worths of the pieces, or what is wrong. Shows that machines agree.
+// evaluate_fens NETWORK: prints for each line of standard input, a FEN, all that the evaluator says of it:
+// the value to its last digit, type, words and worths of the pieces, or what is wrong. Shows that machines
+// agree.
 
 #include <cstdio>
 #include <iostream>

@@ -1,16 +1,16 @@
 /* What quorvane-learn has learned, for programs: reads a network.dat and evaluates positions by it.
  *
- * Plain C99, to be called from C, C++ and whatever calls C. Nothing is kept but what the caller holds: a network does
- * not change once it is open and may be used by any number of threads at once; a cache belongs to one thread at a time.
- * No function prints, exits, or lets an exception out.
+ * Plain C99, to be called from C, C++ and whatever calls C. Nothing is kept but what the caller holds: a
+ * network does not change once it is open and may be used by any number of threads at once; a cache belongs
+ * to one thread at a time. No function prints, exits, or lets an exception out.
  *
- * Functions that can fail give one of quorvane_status, which quorvane_status_text puts into words, and touch what they
- * should fill only if they succeed.
+ * Functions that can fail give one of quorvane_status, which quorvane_status_text puts into words, and touch
+ * what they should fill only if they succeed.
  *
- * A value is what the side to move may expect, in the unit in which the network was learned: mostly 40 to 100 at the end
- * of a game that is won, more if the material was less even through the game, less the further off the end is; 0 for a
- * draw, and the same below zero for a loss. There is no greatest value. It is no number of pawns; quorvane-inspect tells
- * what a value means in points. */
+ * A value is what the side to move may expect, in the unit in which the network was learned: mostly 40 to 100
+ * at the end of a game that is won, more if the material was less even through the game, less the further off
+ * the end is; 0 for a draw, and the same below zero for a loss. There is no greatest value. It is no number
+ * of pawns; quorvane-inspect tells what a value means in points. */
 #ifndef QUORVANE_EVALUATOR_H_
 #define QUORVANE_EVALUATOR_H_
 
@@ -38,7 +38,8 @@ extern "C" {
 #define QUORVANE_NOEXCEPT
 #endif
 
-/* The version of the library, "4" or "4.1"; those of one first number fit each other. Lives as long as the program. */
+/* The version of the library, "4" or "4.1"; those of one first number fit each other. Lives as long as the
+ * program. */
 QUORVANE_API const char* quorvane_version(void) QUORVANE_NOEXCEPT;
 
 /* Why a call failed. New reasons may come, with higher numbers. */
@@ -59,17 +60,18 @@ enum quorvane_status {
   QUORVANE_SIDE_UNKNOWN = 13       /* the side to move is neither QUORVANE_WHITE nor QUORVANE_BLACK */
 };
 
-/* The status in words, "two pieces stand on one square"; "unknown status" for a number that is none. Lives as long as
- * the program. */
+/* The status in words, "two pieces stand on one square"; "unknown status" for a number that is none. Lives as
+ * long as the program. */
 QUORVANE_API const char* quorvane_status_text(int status) QUORVANE_NOEXCEPT;
 
 /* ---- Networks and caches ---- */
 
 typedef struct quorvane_network quorvane_network;
 
-/* Reads the network file `path`, UTF-8, whole and strictly: what quorvane-learn has learned is taken, a file that is cut
- * short or damaged, or has a weight that is no finite number, is not. Null on failure, with the reason in `error`, one line, cut to `error_size` bytes with the
- * NUL behind it; `error` may be null if `error_size` is 0. The caller closes the network. */
+/* Reads the network file `path`, UTF-8, whole and strictly: what quorvane-learn has learned is taken, a file
+ * that is cut short or damaged, or has a weight that is no finite number, is not. Null on failure, with the
+ * reason in `error`, one line, cut to `error_size` bytes with the NUL behind it; `error` may be null if
+ * `error_size` is 0. The caller closes the network. */
 QUORVANE_API quorvane_network* quorvane_network_open(const char* path, char* error,
                                                      size_t error_size) QUORVANE_NOEXCEPT;
 
@@ -81,9 +83,10 @@ QUORVANE_API int quorvane_network_knows(const quorvane_network* network, int typ
 
 typedef struct quorvane_cache quorvane_cache;
 
-/* A memory of words that were evaluated, which makes a search that meets the same pieces again several times as fast
- * and changes no value. About 1 MB, filled as it is used. One thread uses it at a time. The network must stay open as
- * long as the cache. Null if the network is null or memory has run out. The caller frees it. */
+/* A memory of words that were evaluated, which makes a search that meets the same pieces again several times
+ * as fast and changes no value. About 1 MB, filled as it is used. One thread uses it at a time. The network
+ * must stay open as long as the cache. Null if the network is null or memory has run out. The caller frees
+ * it. */
 QUORVANE_API quorvane_cache* quorvane_cache_new(const quorvane_network* network) QUORVANE_NOEXCEPT;
 QUORVANE_API void quorvane_cache_free(quorvane_cache* cache) QUORVANE_NOEXCEPT;
 
@@ -108,8 +111,8 @@ enum quorvane_piece {
 
 enum { QUORVANE_MAX_PIECES = 32 };
 
-/* A position. Legal or not, it has a value if each side has one king and at most 16 pieces, no two pieces stand on one
- * square, and no pawn on its last rank. */
+/* A position. Legal or not, it has a value if each side has one king and at most 16 pieces, no two pieces
+ * stand on one square, and no pawn on its last rank. */
 typedef struct quorvane_position {
   int32_t count; /* of the pieces, 0 to 32 */
   struct {
@@ -121,9 +124,9 @@ typedef struct quorvane_position {
   uint8_t black_castled; /* 0 if it has not, or if nobody knows */
 } quorvane_position;
 
-/* Reads a FEN: at least its first two fields, with any white space between and around them. The third
- * and the fourth must be well formed if they are there, and what comes behind them, clocks or operations of an EPD, is
- * not looked at; none of it makes a difference to a value. A FEN does not tell who has castled: nobody. */
+/* Reads a FEN: at least its first two fields, with any white space between and around them. The third and the
+ * fourth must be well formed if they are there, and what comes behind them, clocks or operations of an EPD,
+ * is not looked at; none of it makes a difference to a value. A FEN does not tell who has castled: nobody. */
 QUORVANE_API int quorvane_read_fen(const char* fen, quorvane_position* position) QUORVANE_NOEXCEPT;
 
 /* The type of a position by its material, 0 to 13; each type was learned on its own. */
@@ -141,9 +144,9 @@ QUORVANE_API int quorvane_evaluate_fen(const quorvane_network* network, const ch
 QUORVANE_API int quorvane_evaluate_cached(quorvane_cache* cache, const quorvane_position* position,
                                           double* value) QUORVANE_NOEXCEPT;
 
-/* The values of `count` FENs, through the cache; `values` has room for them. Ends at the first that is none: the status
- * is that of this FEN, the values before it are filled in, and `*done`, if `done` is not null, is how many these are.
- */
+/* The values of `count` FENs, through the cache; `values` has room for them. Ends at the first that is none:
+ * the status is that of this FEN, the values before it are filled in, and `*done`, if `done` is not null, is
+ * how many these are. */
 QUORVANE_API int quorvane_evaluate_fens(quorvane_cache* cache, const char* const* fens, size_t count,
                                         double* values, size_t* done) QUORVANE_NOEXCEPT;
 
@@ -165,8 +168,9 @@ QUORVANE_API int quorvane_explain(const quorvane_network* network, const quorvan
 
 /* ---- Words ---- */
 
-/* What bit `bit`, 0 to 31, of the word of `piece`, white or black, means in positions of `type`: "attacked by a
- * knight". Null if no such piece ever has it, or if an argument is out of range. Lives as long as the program. */
+/* What bit `bit`, 0 to 31, of the word of `piece`, white or black, means in positions of `type`: "attacked by
+ * a knight". Null if no such piece ever has it, or if an argument is out of range. Lives as long as the
+ * program. */
 QUORVANE_API const char* quorvane_feature_name(int type, int piece, int bit) QUORVANE_NOEXCEPT;
 
 /* What a type is, "material 70 and more"; null if it is not 0 to 13. Lives as long as the program. */

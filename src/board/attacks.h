@@ -15,8 +15,9 @@ constexpr bool ascends(std::int32_t ray) {
   return directions::queen[ray] > 0;
 }
 
-// The squares that a piece reaches along the rays from `firstRay` to `endRay`: up to the first that is occupied, which
-// is one of them. The classical approach: what lies behind the nearest piece is taken off the whole ray.
+// The squares that a piece reaches along the rays from `firstRay` to `endRay`: up to the first that is
+// occupied, which is one of them. The classical approach: what lies behind the nearest piece is taken off the
+// whole ray.
 template <std::int32_t firstRay, std::int32_t endRay>
 SquareSet slide(Square from, SquareSet occupied) {
   SquareSet reached = 0;

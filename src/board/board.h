@@ -28,8 +28,8 @@ class Board {
   Board();
 
   // Puts a start position on the board: pieces as `placement` has them, with ids in its order, none of them
-  // moved, `side` to move. At most piecesPerSide a side, one king each, no two on one square, no pawn on its last
-  // rank.
+  // moved, `side` to move. At most piecesPerSide a side, one king each, no two on one square, no pawn on its
+  // last rank.
   static void setupPosition(const Placement& placement, Side side);
 
   // Takes back every made move and releases all pieces; `pieceById` then holds null only.
@@ -46,9 +46,9 @@ class Board {
   static void unmakeMove();
 
   // Makes the first generated move of the side's pieces of the move's kind that fits its ranks and files. A
-  // promotion of 1 to 4 makes it a promotion to that kind, any other value leaves it as generated. False, with
-  // the position unchanged, if the game is too deep (status 2), the side not to move stands in check (status
-  // 7), no move fits, a king would be promoted, or the mover's king would stand attacked.
+  // promotion of 1 to 4 makes it a promotion to that kind, any other value leaves it as generated. False,
+  // with the position unchanged, if the game is too deep (status 2), the side not to move stands in check
+  // (status 7), no move fits, a king would be promoted, or the mover's king would stand attacked.
   static bool playGameMove(const DecodedMove& move);
 
  protected:
@@ -68,7 +68,7 @@ class Board {
   // Where the pieces in the rings stand: `board` once more, for a search by kind and for their attacks.
   static PieceSets squaresOf;
   // Enters a piece in squaresOf on those of the squares where it was not, and takes it off the others.
-  static void toggleSquares(const Piece* piece, SquareSet squares);
+  static inline void toggleSquares(const Piece* piece, SquareSet squares);
   static MoveRecord currentMove;    // the working record; home of `sideToMove`
   static MoveRecord* moveBuffer;    // moveBufferSize records, which no position that fits the model exceeds
   static MoveList* activeMoveList;  // where the generators write; a local of the operation that generates

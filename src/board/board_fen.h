@@ -7,9 +7,9 @@
 
 namespace quorvane {
 
-// The FEN of the position on the board: castling rights and en passant square as its moves have left them, no halfmoves,
-// and the number of the move that comes next. A start position has the castling rights of the usual one, as far as kings
-// and rooks stand.
+// The FEN of the position on the board: castling rights and en passant square as its moves have left them, no
+// halfmoves, and the number of the move that comes next. A start position has the castling rights of the
+// usual one, as far as kings and rooks stand.
 struct BoardFen : public Board {
   static std::string text();
 };

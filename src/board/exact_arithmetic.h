@@ -8,13 +8,12 @@
 
 #if FLT_EVAL_METHOD != 0
 #error \
-    "Sums and products must be rounded to their own type, or network.dat differs from that of other machines: \
+    "Sums and products must be rounded to their own type, or network.dat differs from other machines: \
 compile without excess precision, on 32-bit x86 with -msse2 -mfpmath=sse."
 #endif
 
 #if defined(__FAST_MATH__) || defined(_M_FP_FAST)
-#error \
-    "Sums must keep their order, or network.dat differs from that of other machines: compile without -ffast-math."
+#error "Sums must keep their order, or network.dat differs from other machines: compile without -ffast-math."
 #endif
 
 static_assert(

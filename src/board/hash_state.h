@@ -13,8 +13,7 @@ namespace quorvane {
 //
 // A key covers the placement of the pieces alone: neither side to move, nor castling, nor en passant. It
 // counts from the start position of the game, whose key is 0, so keys of different games say nothing about
-// each other. makeMove and unmakeMove drive all of this step by step; no move of either is checked against
-// historyCapacity here.
+// each other. makeMove and unmakeMove drive all of this step by step.
 class HashState : public Board {
  public:
   HashState();

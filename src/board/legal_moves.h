@@ -10,9 +10,9 @@ namespace quorvane {
 // The moves of the side to move, and which of them are legal.
 class LegalMoves : public Board {
  public:
-  // Pseudo-legal moves, which may leave their own king attacked, in the order of generation: of one piece, of all pieces
-  // of a kind as they follow each other in the ring, of all pieces. They stand in moveBuffer, until moves are generated
-  // again.
+  // Pseudo-legal moves, which may leave their own king attacked, in the order of generation: of one piece, of
+  // all pieces of a kind as they follow each other in the ring, of all pieces. They stand in moveBuffer,
+  // until moves are generated again.
   static std::span<const MoveRecord> of(const Piece& piece);
   static std::span<const MoveRecord> of(PieceKind kind);
   static std::span<const MoveRecord> all();

@@ -7,7 +7,8 @@
 
 namespace quorvane {
 
-// The files on which a side has pawns, bit file + 1 each. Bits 0 and 9 stay 0: nobody stands beyond the edges.
+// The files on which a side has pawns, bit file + 1 each. Bits 0 and 9 stay 0: nobody stands beyond the
+// edges.
 using PawnFiles = std::uint32_t;
 
 constexpr PawnFiles filesOf(SquareSet pawns) {

@@ -21,14 +21,15 @@ struct Surroundings;
 //
 // The virtual operations have no arguments: they talk through Board::currentMove and Board::activeMoveList.
 // testMove, generateMoves and generateCaptures are defined in board/piece_moves.cpp, pawn_moves.cpp and
-// king_moves.cpp, addConfiguration in configurations/ (piece_, pawn_ and king_configurations.cpp).
+// king_moves.cpp, addConfiguration in configurations/piece_configurations.cpp.
 class Piece : public Board {
  public:
   // The empty square's piece: side noSide, square noSquare, id 32.
   Piece(Side newSide, Square newSquare, std::int32_t newId, Piece* copyFrom)
       : Piece(emptySquareClass, newSide, newSquare, newId, copyFrom) {}
-  // A new piece of a kind that stands on a board, with the arguments of the constructors: those of a piece that opens
-  // or joins the ring of its side, or `copyFrom`, a piece whose place the new one takes; the others are then ignored.
+  // A new piece of a kind that stands on a board, with the arguments of the constructors: those of a piece
+  // that opens or joins the ring of its side, or `copyFrom`, a piece whose place the new one takes; the
+  // others are then ignored.
   static Piece* make(PieceKind kind, Side side, Square square, std::int32_t id, Piece* copyFrom);
 
   // Can this piece go to `to`, its own king's safety apart? Sets `found` and `kind` of currentMove.
@@ -90,8 +91,8 @@ class Piece : public Board {
   // The same once it is known that repeated steps of square numbers by `step` lead to `to`.
   void testLine(Square step);
 
-  // Along each direction up to the edge or the first piece, and one step, of knight and king. Like the next, these
-  // give the number of moves.
+  // Along each direction up to the edge or the first piece, and one step, of knight and king. Like the next,
+  // these give the number of moves.
   std::int32_t generateRays(Wanted wanted);
   std::int32_t generateSteps(Wanted wanted);
 

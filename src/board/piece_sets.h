@@ -12,7 +12,8 @@ namespace quorvane {
 // Where the pieces of one side stand, by PieceKind.
 using SideSets = Table<SquareSet, pieceKindCount>;
 
-// The pieces of a position as sets of squares, by Side: no square is in two of them, and each side has one king.
+// The pieces of a position as sets of squares, by Side: no square is in two of them, and each side has one
+// king.
 struct PieceSets : Table<SideSets, 2> {
   SquareSet ofSide(Side side) const {
     SquareSet all = 0;

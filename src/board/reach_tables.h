@@ -57,8 +57,8 @@ inline constexpr auto attackSet = [] {
   return table;
 }();
 
-// The squares from which a piece of the kind can come to a square on any board at all, by kind and square: those
-// of attackSet, and what a pawn steps and a king castles over.
+// The squares from which a piece of the kind can come to a square on any board at all, by kind and square:
+// those of attackSet, and what a pawn steps and a king castles over.
 inline constexpr auto originSet = [] {
   constexpr std::int32_t pawnSteps[] = {-2 * mailboxWidth, -mailboxWidth, mailboxWidth, 2 * mailboxWidth,
                                         noSquare};

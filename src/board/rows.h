@@ -13,8 +13,8 @@ namespace quorvane {
 // Rows of varying length, one behind the other in one array, with the place where each ends: far less memory
 // than arrays of their own would take.
 //
-// `Ends` is a std::vector, or a std::array for a fixed number of rows, which are empty at first. What its type
-// of places cannot tell any more is cut off. `Array` is a std::vector or like one.
+// `Ends` is a std::vector, or a std::array for a fixed number of rows, which are empty at first. What its
+// type of places cannot tell any more is cut off. `Array` is a std::vector or like one.
 template <typename T, typename Ends = std::vector<std::size_t>, typename Array = std::vector<T>>
 class Rows {
   using End = typename Ends::value_type;

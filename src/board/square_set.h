@@ -15,8 +15,8 @@ constexpr SquareSet setOf(Square square) {
   return SquareSet{1} << square;
 }
 
-// How many squares; adds up bits side by side, as std::popcount calls a function where the processor may lack the
-// instruction.
+// How many squares; adds up bits side by side, as std::popcount calls a function where the processor may lack
+// the instruction.
 constexpr std::int32_t countOf(SquareSet squares) {
   squares -= squares >> 1 & 0x5555555555555555;
   squares = (squares & 0x3333333333333333) + (squares >> 2 & 0x3333333333333333);

@@ -12,9 +12,10 @@
 
 namespace quorvane {
 
-// A FEN, held to its form: eight ranks of eight files, "w" or "b", castling rights and en passant square, of which the
-// last two may be missing. White space stands between the fields. What follows them is not looked at, nor whether the
-// pieces can stand on a board. PgnGame::parseFen, which reads FEN tags, takes nearly any text.
+// A FEN, held to its form: eight ranks of eight files, "w" or "b", castling rights and en passant square, of
+// which the last two may be missing. White space stands between the fields. What follows them is not looked
+// at, nor whether the pieces can stand on a board. PgnGame::parseFen, which reads FEN tags, takes nearly any
+// text.
 struct StrictFen {
   // Reads the text, which must outlive what is read.
   explicit StrictFen(std::string_view text);
@@ -36,7 +37,7 @@ struct StrictFen {
     PieceKind kind;
     Square square;
   };
-  // In the order of the text, as far as its ranks are right and no more than eight.
+  // In the order of the text, up to what is wrong with its ranks.
   std::span<const PlacedPiece> pieces() const { return {placed.begin(), pieceCount}; }
   Placement placement() const;
 

@@ -13,14 +13,14 @@ namespace quorvane {
 // What a position type is, in a few words.
 const char* typeName(PositionType type);
 
-// What one bit means in the word of a piece of `kind`, in plain words. In a pawn ending some bits of pawns mean
-// something else, hence the type. nullptr for a bit that no such piece ever has.
+// What one bit means in the word of a piece of `kind`, in plain words. In a pawn ending some bits of pawns
+// mean something else, hence the type. nullptr for a bit that no such piece ever has.
 const char* featureName(PositionType type, std::int32_t kind, ConfigurationWord bit);
 // The same; a bit that no such piece ever has gets "never set (bit 9)".
 std::string bitName(PositionType type, std::int32_t kind, ConfigurationWord bit);
 
-// The name for programs, "attackedByKnight": that of configuration_word.h with its number behind it, in one word.
-// "bit9" for one that no such piece ever has.
+// The name for programs, "attackedByKnight": that of configuration_word.h with its number behind it, in one
+// word. "bit9" for one that no such piece ever has.
 std::string bitIdentifier(PositionType type, std::int32_t kind, ConfigurationWord bit);
 
 // The names of all bits of `mask`, from the highest bit down: place first, then marks, then material.

@@ -15,7 +15,8 @@ void ConfigurationPass::computeConfigurations() {
   blackPawnFiles = filesOf(squaresOf[black][pawnKind]);
   occupied = squaresOf.ofSide(white) | squaresOf.ofSide(black);
 
-  // Every word is reset before the first call of addConfiguration: pieces leave marks on each other in any order.
+  // Every word is reset before the first call of addConfiguration: pieces leave marks on each other in any
+  // order.
   std::int32_t balance = 0;
   for (Piece& piece : Ring(movingKing)) {
     balance += piece.material;

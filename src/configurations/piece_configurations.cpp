@@ -24,7 +24,7 @@ void Piece::mark(SquareSet reached) const {
 // The empty square's piece describes nothing.
 void Piece::addConfiguration() {}
 
-inline void Piece::addPawnConfiguration(const PawnRules& rules) {
+void Piece::addPawnConfiguration(const PawnRules& rules) {
   const bool isWhite = rules.side == white;
   configuration |= pawnBits(rules, square, occupied, isWhite ? whitePawnFiles : blackPawnFiles,
                             isWhite ? blackPawnFiles : whitePawnFiles);

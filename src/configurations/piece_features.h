@@ -8,8 +8,8 @@
 #include "configurations/place_bits.h"
 #include "configurations/relation_bits.h"
 
-// What a piece of each class writes into its own word, and on which pieces it leaves its mark. Whoever describes a
-// position, on the board or given as sets, does so by these.
+// What a piece of each class writes into its own word, and on which pieces it leaves its mark. Whoever
+// describes a position, on the board or given as sets, does so by these.
 
 namespace quorvane {
 

@@ -67,7 +67,8 @@ constexpr ConfigurationWord neighbourBits(SquareSet emptySquares, SquareSet ownP
   return bits;
 }
 
-// Of knight to queen: `reached` are the empty squares that it reaches, the others the empty ones next to either king.
+// Of knight to queen: `reached` are the empty squares that it reaches, the others the empty ones next to
+// either king.
 constexpr ConfigurationWord reachBits(SquareSet reached, SquareSet besideOwnKing, SquareSet besideEnemyKing) {
   ConfigurationWord bits = (reached & besideOwnKing) != 0 ? reachesBesideOwnKing : 0;
   const SquareSet both = reached & besideEnemyKing;

@@ -10,6 +10,7 @@
 
 #include "console/help_text.h"
 #include "files/file_name.h"
+#include "network/network_file.h"
 
 namespace quorvane {
 
@@ -19,13 +20,26 @@ namespace fs = std::filesystem;
 
 constexpr std::string_view networkOption = "--network";
 
+// Or is empty. What lies about as network.dat is replaced, whatever it is.
+bool beginsLikeNetwork(const fs::path& file) {
+  std::ifstream stream(file, std::ios::binary);
+  NetworkTable table;
+  const NetworkFlaw flaw = decodeNetwork(stream, table);
+  return flaw.kind != NetworkFlaw::wrongVersion && (flaw.kind != NetworkFlaw::noVersion || flaw.value == 0);
+}
+
 // The network may be missing; learning makes it.
 std::string faultOfNetwork(const CommandLine& line) {
   std::error_code error;
   const fs::path network = pathOf(line.network);
-  if (!fs::exists(network, error) && !error) return {};
+  if (network.empty()) return inQuotes(line.network) + " is no name of a file";
+  const fs::file_status status = fs::status(network, error);
+  if (status.type() == fs::file_type::not_found) return {};
+  if (fs::is_fifo(status)) return inQuotes(line.network) + " is a pipe, which cannot be a network";
   const std::string reason = reasonNotToRead(line.network);
   if (!reason.empty()) return reason;
+  if (line.network != networkFileName && fs::is_regular_file(status) && !beginsLikeNetwork(network))
+    return inQuotes(line.network) + " is no network, and would be written over";
   const auto isNetwork = [&](const std::string& name) {
     return fs::equivalent(pathOf(name), network, error);
   };

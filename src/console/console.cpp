@@ -100,7 +100,7 @@ int learnFrom(const CommandLine& line) {
   timed([&] {
     findPatterns(learner, database);
     fault = Learner::foundPatterns() ? reasonNotSaved(learner.fitAllWeights(), line.network)
-                                     : "nothing was learned, no game counted";
+                                     : "nothing was learned, no game gave anything to learn from";
   });
   return fault.empty() ? learned : refuse(nothingLearned, fault);
 }

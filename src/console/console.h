@@ -9,8 +9,8 @@ namespace quorvane {
 // prints everything on standard output. Gives the exit status, 0.
 int runConsole();
 
-// The same with the files of the command line, without questions. The network is written only if there is something
-// to write; a reason that it was not is told on standard error. Gives the exit status.
+// The same with the files of the command line, without questions. The network is written only if there is
+// something to write; a reason that it was not is told on standard error. Gives the exit status.
 int learnFrom(const CommandLine& line);
 
 }  // namespace quorvane

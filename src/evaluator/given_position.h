@@ -8,8 +8,8 @@
 
 namespace quorvane::evaluator {
 
-// What callers give as positions. Both tell by their status what is wrong, and fill what they are given only if
-// nothing is.
+// What callers give as positions. Both tell by their status what is wrong, and fill what they are given only
+// if nothing is.
 
 // The pieces of a FEN; that they can stand on a board is not looked at.
 quorvane_status readFen(std::string_view fen, quorvane_position& position);

@@ -22,8 +22,8 @@ class LearnedNetwork {
   Table<Table<PatternTrie, pieceKindCount>, positionTypeCount> tries;
 };
 
-// The value of a position, which `described` describes, as the side to move sees it; what words are worth comes from
-// `source`, a LearnedNetwork or a WordCache.
+// The value of a position, which `described` describes, as the side to move sees it; what words are worth
+// comes from `source`, a LearnedNetwork or a WordCache.
 template <typename Source>
 double evaluate(const PositionSets& position, const PositionWords& described, Source& source) {
   const auto sumOf = [&](Side side) {

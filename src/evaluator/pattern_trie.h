@@ -9,9 +9,10 @@
 
 namespace quorvane::evaluator {
 
-// The patterns of one list, laid out for reading: a trie over the bits of their masks. The children of a node stand in
-// one block, each as far behind its start as its bit is behind that of the first child. So those that fire are found by
-// their bits, and no other is looked at; the places of bits that no child adds stay empty.
+// The patterns of one list, laid out for reading: a trie over the bits of their masks. The children of a node
+// stand in one block, each as far behind its start as its bit is behind that of the first child. So those
+// that fire are found by their bits, and no other is looked at; the places of bits that no child adds stay
+// empty.
 class PatternTrie {
  public:
   PatternTrie() = default;

@@ -9,8 +9,8 @@
 
 namespace quorvane::evaluator {
 
-// Values of words under one network, which outlives it; direct-mapped. Values are kept unrounded, so that nothing
-// comes out differently.
+// Values of words under one network, which outlives it; direct-mapped. Values are kept unrounded, so that
+// nothing comes out differently.
 class WordCache {
  public:
   explicit WordCache(const LearnedNetwork& cached) : network(cached), entries(size) {}
@@ -33,7 +33,8 @@ class WordCache {
   static constexpr std::uint32_t sizeBits = 16;
   static constexpr std::size_t size = std::size_t{1} << sizeBits;
 
-  // Multiplicative hashing by the golden ratio; the list moves the words of each type and kind by a shift of their own.
+  // Multiplicative hashing by the golden ratio; the list moves the words of each type and kind by a shift of
+  // their own.
   static std::uint32_t indexOf(std::uint32_t list, ConfigurationWord word) {
     constexpr std::uint32_t goldenRatio = 0x9e3779b1;
     return (word * goldenRatio + list * (goldenRatio << 7)) >> (32 - sizeBits);

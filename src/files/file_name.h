@@ -7,8 +7,8 @@
 
 namespace quorvane {
 
-// The file that a user names: on Windows the name is UTF-8, whatever the code page, and one that is not names no
-// file; elsewhere it is any bytes.
+// The file that a user names: on Windows the name is UTF-8, whatever the code page, and one that is not names
+// no file; elsewhere it is any bytes.
 inline std::filesystem::path pathOf(std::string_view name) {
   try {
     return std::u8string(name.begin(), name.end());

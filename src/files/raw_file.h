@@ -21,8 +21,8 @@ class RawFile {
   }
   ~RawFile() { close(); }
 
-  // What stands at `name`, uncut, through links. Not open where it may not be written, or where there is nothing,
-  // which `missing` tells. Does not wait, for the reader of a pipe or anything else.
+  // What stands at `name`, uncut, through links. Not open where it may not be written, or where there is
+  // nothing, which `missing` tells. Does not wait, for the reader of a pipe or anything else.
   static RawFile existing(const std::filesystem::path& name, bool& missing);
 
   // A file made at `name`, with the permissions and, as far as allowed, the owner of `like` if that is open.

@@ -26,8 +26,8 @@ std::intptr_t open(const fs::path& name, DWORD access, DWORD disposition) {
       CreateFileW(name.c_str(), access, shared, nullptr, disposition, FILE_ATTRIBUTE_NORMAL, nullptr));
 }
 
-// Tries until `done`, or until anything but another program forbids it. Scanners for viruses and backups hold on
-// to each new file, but for moments.
+// Tries until `done`, or until anything but another program forbids it. Scanners for viruses and backups hold
+// on to each new file, but for moments.
 template <typename Try>
 bool patiently(Try&& done) {
   constexpr int most = 20;

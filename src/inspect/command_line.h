@@ -10,8 +10,8 @@ namespace quorvane::inspect {
 // Runs one command, with its arguments.
 using Command = void (*)(const Arguments&);
 
-// The command that the command line names, with its arguments in `arguments`. Nothing if there is none to run: help or
-// the version has been printed, with `status` 0, or an error about wrong usage, with `status` 2.
+// The command that the command line names, with its arguments in `arguments`. Nothing if there is none to
+// run: help or the version has been printed, with `status` 0, or an error about wrong usage, with `status` 2.
 std::optional<Command> parseCommandLine(int argc, const char* const* argv, Arguments& arguments, int& status);
 
 }  // namespace quorvane::inspect

@@ -17,8 +17,9 @@ inline constexpr std::int32_t blackWon = -1;
 inline constexpr std::int32_t draw = 0;
 inline constexpr std::int32_t noResult = 2;
 
-// One game as its file gives it: raw text and a start position. Nothing in it knows the rules of chess. The text
-// belongs to a TextStore, for a game of a PgnDatabase that of the database; a copy of the game shares it.
+// One game as its file gives it: raw text and a start position. Nothing in it knows the rules of chess. The
+// text belongs to a TextStore, for a game of a PgnDatabase that of the database; a copy of the game shares
+// it.
 class PgnGame {
  public:
   // Reads the position of a FEN tag, given whole but without its square brackets. Everything up to the first

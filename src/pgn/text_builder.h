@@ -10,12 +10,13 @@
 
 namespace quorvane {
 
-// Builds strings one behind the other: characters are added to the open string, close() ends it. Holds up to 4 GiB
-// of text; what would stand behind that is cut off. Fit for use again and again: clear() keeps the storage.
+// Builds strings one behind the other: characters are added to the open string, close() ends it. Holds up to
+// 4 GiB of text; what would stand behind that is cut off. Fit for use again and again: clear() keeps the
+// storage.
 class TextBuilder {
  public:
-  // Room for so many characters behind the open string. Valid until the next call; extendTo says how far it has
-  // been used.
+  // Room for so many characters behind the open string. Valid until the next call; extendTo says how far it
+  // has been used.
   char* room(std::size_t characters) {
     if (text.size() - used < characters) text.resize(2 * (used + characters));
     return text.data() + used;

@@ -8,8 +8,8 @@
 
 namespace quorvane {
 
-// An array of strings that stand one behind the other in a single text, with the place where each ends. A view:
-// text and ends belong to the TextStore that made it.
+// An array of strings that stand one behind the other in a single text, with the place where each ends. A
+// view: text and ends belong to the TextStore that made it.
 class TextList {
  public:
   TextList() = default;

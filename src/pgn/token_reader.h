@@ -16,7 +16,8 @@ struct TokenPlace {
   std::uint64_t end;
 };
 
-// Cuts a file of games into tags and tokens. What next comes is a tag or a token, or neither at the end of the file.
+// Cuts a file of games into tags and tokens. What next comes is a tag or a token, or neither at the end of
+// the file.
 class TokenReader {
  public:
   // Reads from `input`, which must outlive the reader.

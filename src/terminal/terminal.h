@@ -3,9 +3,9 @@
 
 namespace quorvane {
 
-// The terminal that a program was started in, if any. While it lives, text is UTF-8 both ways: what is typed, as
-// std::cin gives it, and what is shown. Only consoles of Windows need it, and get their settings back. One per
-// program, in its main.
+// The terminal that a program was started in, if any. While it lives, text is UTF-8 both ways: what is typed,
+// as std::cin gives it, and what is shown. Only consoles of Windows need it, and get their settings back. One
+// per program, in its main.
 class Terminal {
  public:
   Terminal();

@@ -21,8 +21,8 @@ bool isConsole(HANDLE handle) {
   return GetConsoleMode(handle, &mode) != 0;
 }
 
-// What is typed, line by line. Read as UTF-16: bytes would lose every letter that the code page lacks, and with
-// that of UTF-8 consoles before Windows 11 give nothing for letters outside ASCII.
+// What is typed, line by line. Read as UTF-16: bytes would lose every letter that the code page lacks, and
+// with that of UTF-8 consoles before Windows 11 give nothing for letters outside ASCII.
 class TypedText : public std::streambuf {
  protected:
   int_type underflow() override {

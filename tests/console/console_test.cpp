@@ -1,4 +1,5 @@
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 
 #include <chrono>
 #include <cstdlib>
@@ -113,12 +114,16 @@ TEST_F(Console, LearnsFromFilesNamedWhatItLearnsFromThoseTyped) {
 TEST_F(Console, WhatCannotBeReadIsRefusedBeforeAnythingStarts) {
   writeFile("few.pgn", exampleGames(3));
   fs::create_directory("a folder");
+  writeFile("other.pgn", exampleGames(1));
+  EXPECT_EQ(mkfifo("pipe", 0600), 0);
   fs::create_symlink("loop", "loop");  // which may not be read by anybody
   expectRefusal(2, "few.pgn 'my\ngmaes.pgn'", "there is no file 'my?gmaes.pgn'");
   expectRefusal(2, "'a folder' few.pgn", "'a folder' is a folder");
   expectRefusal(2, "few.pgn loop", "'loop' may not be read");
   expectRefusal(2, "few.pgn --network 'a folder'", "'a folder' is a folder");
   expectRefusal(2, "few.pgn --network loop", "'loop' may not be read");
+  expectRefusal(2, "few.pgn --network other.pgn", "'other.pgn' is no network, and would be written over");
+  expectRefusal(2, "few.pgn --network pipe", "'pipe' is a pipe, which cannot be a network");
   expectRefusal(2, "./network.dat", "'./network.dat' is the network, and would be written over");
   for (const char* arguments : {"few.pgn --network", "few.pgn --network=", "--network '' few.pgn"})
     expectRefusal(2, arguments, "--network needs a file");
@@ -130,8 +135,9 @@ TEST_F(Console, WhatCannotBeReadIsRefusedBeforeAnythingStarts) {
 TEST_F(Console, WhereNothingIsLearnedOrNothingCanBeWrittenTheNetworkStays) {
   writeFile("few.pgn", exampleGames(3));
   writeFile("nothing.pgn", "1. e4 e5 2. Ke4 1-0 [White \"B\"] 1. d4 d5 2. c4 e6 *");
-  expectRefusal(1, "nothing.pgn", "nothing was learned, no game counted");
-  expectRefusal(1, "nothing.pgn --network missing", "nothing was learned, no game counted");
+  expectRefusal(1, "nothing.pgn", "nothing was learned, no game gave anything to learn from");
+  expectRefusal(1, "nothing.pgn --network missing",
+                "nothing was learned, no game gave anything to learn from");
   EXPECT_FALSE(fs::exists("missing"));
   expectRefusal(1, "few.pgn --network no/folder", "'no/folder' was not written: it may not be written");
   EXPECT_NE(printed.find("\nError: no/folder file not found.\n"), std::string::npos);

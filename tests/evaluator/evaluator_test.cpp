@@ -65,6 +65,8 @@ TEST(EvaluatorFen, ReadsWhatIsWrittenAndRefusesWhatIsNone) {
       {"4k3/8/8/8/8/8/8/4K3 w HAha e3 bm Kd2; id \"x\";", QUORVANE_OK},
       {"", QUORVANE_FEN_BOARD},
       {"4k3/8/8/8/8/8/8/4K3/ w - -", QUORVANE_FEN_BOARD},
+      {"4k3/8/8/8/8/8/4K3 w - -", QUORVANE_FEN_BOARD},
+      {"4k3/7/8/8/8/8/8/4K3 w - -", QUORVANE_FEN_BOARD},
       {"4k3/9/8/8/8/8/8/4K3 w - -", QUORVANE_FEN_BOARD},
       {"4k3/44p/8/8/8/8/8/4K3 w - -", QUORVANE_FEN_BOARD},
       {"4k3/.7/8/8/8/8/8/4K3 w - -", QUORVANE_FEN_BOARD},

@@ -49,19 +49,19 @@ if python3 -c 'import sys; assert sys.version_info >= (3, 11)' 2>/dev/null; then
   code='import quorvane, sys; print(f"{quorvane.open_network(sys.argv[1]).evaluate(sys.argv[2]):+.2f}")'
   python=(env -u LD_LIBRARY_PATH PYTHONPATH="$module" python3)
 fi
-# says EXPECTED PROGRAM ARGUMENT...: what a program prints, whatever its status.
+# says STATUS EXPECTED PROGRAM ARGUMENT...: what a program prints, and whether it succeeds (0) or fails (1).
 says() {
-  local expected=$1 got
-  shift
-  got=$("$@" 2>&1) || true
-  [ "$got" = "$expected" ] || fail "$* says '$got' instead of '$expected'"
+  local expected="$1 $2" got status=0
+  shift 2
+  got=$("$@" 2>&1) || status=1
+  [ "$status $got" = "$expected" ] || fail "$* gives '$status $got' instead of '$expected'"
 }
 for built in cmake/shared cmake/static ./by-pkg-config ./by-pkg-config-static; do
-  says "$expected" "$built" network.dat "$fen"
-  says "8/8 w: the board of the FEN is not made of 8 ranks of 8 files" "$built" network.dat "8/8 w"
-  says "$program: is no network file of version 1" "$built" "$program" "$fen"
+  says 0 "$expected" "$built" network.dat "$fen"
+  says 1 "8/8 w: the board of the FEN is not made of 8 ranks of 8 files" "$built" network.dat "8/8 w"
+  says 1 "$program: is no network file of version 1" "$built" "$program" "$fen"
 done
-[ -z "${module-}" ] || says "$expected" "${python[@]}" -c "$code" network.dat "$fen"
+[ -z "${module-}" ] || says 0 "$expected" "${python[@]}" -c "$code" network.dat "$fen"
 
 # The blocks of the document, counted from 1, and what comes of them.
 block() {
@@ -71,11 +71,11 @@ block() {
 block 1 >own_board.c
 cmp own_board.c "$sources/examples/own_board.c" >log || fail "the document shows another own_board.c"
 quietly cc -std=c99 -Wall -Wextra -Werror own_board.c "${shared[@]}" -o own_board
-says "$(block 2)" ./own_board network.dat
+says 0 "$(block 2)" ./own_board network.dat
 block 3 | grep -qF 'find_package(quorvane 4 REQUIRED)' || fail "the blocks of the document stand in another order"
 if [ -n "${module-}" ]; then
   block 4 >script.py
-  says "$(block 5)" "${python[@]}" script.py
+  says 0 "$(block 5)" "${python[@]}" script.py
 fi
 if [ -x "$prefix/bin/quorvane-inspect" ]; then
   cp "$sources/examples/games.pgn" .

@@ -1,5 +1,5 @@
-// threads NETWORK: eight threads on one network, with caches of their own and without, see the values that one sees
-// alone. Built with -fsanitize=thread, it ends with status 66 where one disturbs another.
+// threads NETWORK: eight threads on one network, with caches of their own and without, see the values that
+// one sees alone. Built with -fsanitize=thread, it ends with status 66 where one disturbs another.
 
 #include <cstdio>
 #include <random>

@@ -1,5 +1,5 @@
-// Holds a file of Windows open, as other programs do: hold_windows FILE none|read|write|all. Until standard input
-// ends, others may do nothing with it, read it, read and write it, or remove it as well.
+// Holds a file of Windows open, as other programs do: hold_windows FILE none|read|write|all. Until standard
+// input ends, others may do nothing with it, read it, read and write it, or remove it as well.
 
 #include <windows.h>
 

@@ -88,8 +88,8 @@ class ReplaceFile : public ::testing::Test {
   ReplaceFile() { chmod(".", 0777); }
   ~ReplaceFile() override { onSync = onClose = nullptr; }
 
-  // Another user saves over a file of these permissions in such a folder, a writable one but for the sticky bit if
-  // the file is to be replaced.
+  // Another user saves over a file of these permissions in such a folder, a writable one but for the sticky
+  // bit if the file is to be replaced.
   static void expectSave(
       const std::string& old, mode_t file, mode_t folder, Saved saved,
       const std::function<void()>& before = [] {}) {

@@ -10,7 +10,8 @@
 namespace quorvane::inspect {
 namespace {
 
-// Samples whose outcomes follow the curve of `steepness`, a third of them drawn where that keeps the mean score.
+// Samples whose outcomes follow the curve of `steepness`, a third of them drawn where that keeps the mean
+// score.
 Predictions madeOnCurve(double steepness, std::size_t samples) {
   std::mt19937 random(7);
   Predictions measured;

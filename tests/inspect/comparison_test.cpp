@@ -9,8 +9,8 @@ namespace {
 
 constexpr PositionType type = 9;
 
-// 200 games of 20 samples; what a network says of them misses by errors of this size that are one in a whole game, and
-// one of their own in each sample.
+// 200 games of 20 samples; what a network says of them misses by errors of this size that are one in a whole
+// game, and one of their own in each sample.
 Contender contender(const std::string& name, double gameError, double sampleError, unsigned seed) {
   std::mt19937 random(seed);
   const auto noise = [&](double size) {
@@ -39,7 +39,8 @@ TEST(Comparison, CannotTellANetworkFromItselfOrFromOneAsGood) {
   EXPECT_EQ(same.all.f.high, 0.0);
   EXPECT_EQ(conclusion(one, one, same), "These games cannot tell which is better.");
 
-  // Were the samples taken for independent, the interval would be a fourth as wide, and find a difference now and then.
+  // Were the samples taken for independent, the interval would be a fourth as wide, and find a difference now
+  // and then.
   std::size_t told = 0;
   for (unsigned seed = 2; seed < 42; ++seed)
     told += compare(one, contender("other", 10.0, 0.0, seed)).all.f.tells() ? 1 : 0;

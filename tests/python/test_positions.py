@@ -1,4 +1,4 @@
-"""What positions are worth; the inspector, which walks the utility's own board, is the yardstick."""
+"""What positions are worth; the inspector, which replays games on the utility's own board, is the yardstick."""
 
 from __future__ import annotations
 

@@ -6,8 +6,9 @@
 
 namespace quorvane {
 
-// Holds the library for evaluating to the utility's own board, words and weights. Keeps a network of random patterns,
-// of all types and kinds, in the network table and in a file of the current folder that the library opens.
+// Holds the library for evaluating to the utility's own board, words and weights. Keeps a network of random
+// patterns, of all types and kinds, in the network table and in a file of the current folder that the library
+// opens.
 class EvaluatorLaws : public Network {
  public:
   EvaluatorLaws();
@@ -18,7 +19,8 @@ class EvaluatorLaws : public Network {
   // The position on the board, as the library takes it.
   static quorvane_position positionOnBoard();
 
-  // Are words, type and values those of the board? A law that is broken is told in words; nullptr tells that none is.
+  // Are words, type and values those of the board? A law that is broken is told in words; nullptr tells that
+  // none is.
   const char* broken();
 
   const quorvane_network* opened() const { return network; }

@@ -34,11 +34,11 @@ struct Annotation {
   AnnotationTally tally;
 };
 
-// The text of a file of games with the value of the position behind each move, as White sees it, by the network `table`
-// and its calibration: in place of the [%eval ...] of the move's comments, or in a comment of its own behind the move.
-// Nothing else is changed. A game of which the utility cannot play every move stays as it is, and so does a move to a
-// position that has no expected score, but for a [%eval ...] of its comments, which is taken out. Throws a Fault for a
-// file that cannot be read or holds no games.
+// The text of a file of games with the value of the position behind each move, as White sees it, by the
+// network `table` and its calibration: in place of the [%eval ...] of the move's comments, or in a comment of
+// its own behind the move. Nothing else is changed. A game of which the utility cannot play every move stays
+// as it is, and so does a move to a position that has no expected score, but for a [%eval ...] of its
+// comments, which is taken out. Throws a Fault for a file that cannot be read or holds no games.
 Annotation annotateGames(const std::string& file, const NetworkTable& table, const Calibration& calibration,
                          const ShowProgress& showProgress);
 

@@ -14,8 +14,8 @@ namespace quorvane::inspect {
 // The games of one file, possibly none. Throws a Fault if it cannot be opened, is a folder or a network.
 PgnDatabase loadAnyGames(const std::string& fileName);
 
-// The same, but throws a Fault if the file holds no games; since the database makes a game of any text, a game
-// without tags, moves and result is none.
+// The same, but throws a Fault if the file holds no games; since the database makes a game of any text, a
+// game without tags, moves and result is none.
 PgnDatabase loadGames(const std::string& fileName);
 
 // The bytes of a file, and the games that the utility makes of them.

@@ -10,12 +10,13 @@ namespace quorvane::inspect {
 // Throws a Fault if `target` is one of the files that are read, by whatever name it goes, or a folder.
 void refuseInput(const std::string& target, const std::vector<std::string>& inputs);
 
-// Is there anything that writing to `target` would destroy? Not in an empty file, and not in what is no file, such as a
-// terminal.
+// Is there anything that writing to `target` would destroy? Not in an empty file, and not in what is no file,
+// such as a terminal.
 bool holdsSomething(const std::string& target);
 
-// Throws a Fault if writing to `target` would destroy something: as refuseInput does, and for a file that holds
-// something, but does not have `marker` near its beginning. `what` is what a file with the marker is called.
+// Throws a Fault if writing to `target` would destroy something: as refuseInput does, and for a file that
+// holds something, but does not have `marker` near its beginning. `what` is what a file with the marker is
+// called.
 void refuseHarm(const std::string& target, const std::vector<std::string>& inputs, std::string_view marker,
                 const std::string& what);
 

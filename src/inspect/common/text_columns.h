@@ -20,8 +20,8 @@ std::string asPercent(double share);
 // "1 game", "2 games".
 std::string counted(std::size_t count, const std::string& what);
 
-// Breaks a text between words, so that no line is longer than 80 characters. Every line but the first is indented by so
-// many blanks; the text brings the indent of the first line itself. Ends with a line end.
+// Breaks a text between words, so that no line is longer than 80 characters. Every line but the first is
+// indented by so many blanks; the text brings the indent of the first line itself. Ends with a line end.
 std::string wrapped(const std::string& text, std::size_t indent);
 
 // Text from a file, fit to be printed on one line: without control characters, and not longer than `longest`.

@@ -56,7 +56,8 @@ struct DecidingPattern {
   std::vector<Square> opposing;  // the same of the other side
 };
 
-// At most `count`: those that do most, the greatest absolute weight first. What fires on both sides alike cancels out.
+// At most `count`: those that do most, the greatest absolute weight first. What fires on both sides alike
+// cancels out.
 std::vector<DecidingPattern> decidingPatterns(const Explanation& explanation, std::size_t count);
 
 }  // namespace quorvane::inspect

@@ -10,8 +10,8 @@
 
 namespace quorvane::inspect {
 
-// Without `top`, the three patterns that matter most of the three pieces that stand out; with it, so many patterns of
-// every piece. `howToCalibrate` is the command that makes a calibration.
+// Without `top`, the three patterns that matter most of the three pieces that stand out; with it, so many
+// patterns of every piece. `howToCalibrate` is the command that makes a calibration.
 std::string explainText(const Origin& origin, const Explanation& explanation, std::optional<std::size_t> top,
                         const std::string& howToCalibrate);
 

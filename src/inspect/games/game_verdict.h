@@ -15,19 +15,20 @@ struct GameVerdict {
   std::int32_t result = noResult;
   std::size_t samples = 0;
   Oddity oddity = Oddity::none;  // always another if there are no samples
-  // Where the oddity is a token's: the token, and the ply that it stands for, from 1. Otherwise the token is empty,
-  // and the ply the last that was played; 0 for a game without a result.
+  // Where the oddity is a token's: the token, and the ply that it stands for, from 1. Otherwise the token is
+  // empty, and the ply the last that was played; 0 for a game without a result.
   std::string token;
   std::int32_t ply = 0;
 
   bool hasResult() const { return result != noResult; }
 };
 
-// Visits the quiet positions of a game as the utility does, and tells what came of it. The visits see the board.
+// Visits the quiet positions of a game as the utility does, and tells what came of it. The visits see the
+// board.
 GameVerdict judgeGame(PgnGame& game, const QuietPositions::Visit& visit);
 
-// What is odd about the moves of a game, whatever its result, its length and its samples: the fields `oddity`, none where
-// all can be played, `token` and `ply`. The board is left at the end of what could.
+// What is odd about the moves of a game, whatever its result, its length and its samples: the fields
+// `oddity`, none where all can be played, `token` and `ply`. The board is left at the end of what could.
 GameVerdict judgeMoves(PgnGame& game);
 
 }  // namespace quorvane::inspect

@@ -1,6 +1,7 @@
 #include "inspect/measure/calibration.h"
 
 #include <bit>
+#include <cmath>
 #include <cstdint>
 #include <cstdio>
 
@@ -22,7 +23,7 @@ double steepnessOf(const Predictions& predictions) {
 }  // namespace
 
 std::optional<double> Calibration::expectedScore(PositionType type, double value) const {
-  if (!types[type].hasPatterns) return {};
+  if (!types[type].hasPatterns || !std::isfinite(value)) return {};
   return inspect::expectedScore(types[type].steepness, value);
 }
 

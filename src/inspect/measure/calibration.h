@@ -28,7 +28,7 @@ struct Calibration {
   double steepnessOfAllTypes = 0.0;
   Table<TypeCalibration, positionTypeCount> types{};
 
-  // From 0 to 1. Nothing for a type without patterns.
+  // From 0 to 1. Nothing for a type without patterns, and for a value that is not finite.
   std::optional<double> expectedScore(PositionType type, double value) const;
 };
 

@@ -18,7 +18,8 @@ std::string defaultCalibrationFile(const std::string& network);
 Json bandJson(const Band& band);
 Json calibrationJson(const Calibration& calibration);
 
-// Throws a Fault if the file cannot be read, is no calibration, or is one of another network than `fingerprint` says.
+// Throws a Fault if the file cannot be read, is no calibration, or is one of another network than
+// `fingerprint` says.
 Calibration readCalibration(const std::string& name, const std::string& fingerprint);
 
 }  // namespace quorvane::inspect

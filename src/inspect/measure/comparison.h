@@ -7,8 +7,8 @@
 
 namespace quorvane::inspect {
 
-// How much less one network's mean loss is than the other's: the first minus the second, so that above 0 the second is
-// better. With it the limits between which it lies for 95 of 100 draws of as many games.
+// How much less one network's mean loss is than the other's: the first minus the second, so that above 0 the
+// second is better. With it the limits between which it lies for 95 of 100 draws of as many games.
 struct PairedDifference {
   double mean = 0.0;
   double low = 0.0;
@@ -38,7 +38,8 @@ struct Contender {
   Calibration curves;
 };
 
-// The contenders must have been measured on the same games. Resamples whole games (Efron's bootstrap, percentiles of 1000 draws): the positions of one game are not independent.
+// The contenders must have been measured on the same games. Resamples whole games (Efron's bootstrap,
+// percentiles of 1000 draws): the positions of one game are not independent.
 Comparison compare(const Contender& first, const Contender& second);
 
 // Which is better, or that the games cannot tell; one line.

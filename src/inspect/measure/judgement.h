@@ -24,8 +24,8 @@ struct Score {
 // Of one sample, if `value` were said of it and the curve had this steepness.
 Score scoreOf(const Prediction& prediction, double value, double steepness);
 
-// The network beside two ways that need none: zeros, and the difference of material times the factor that makes f(w)
-// least, fitted on these very samples, as is the curve of its expected score.
+// The network beside two ways that need none: zeros, and the difference of material times the factor that
+// makes f(w) least, fitted on these very samples, as is the curve of its expected score.
 struct Figures {
   std::size_t samples = 0;
   std::size_t decided = 0;   // of games that were not drawn

@@ -18,12 +18,13 @@ double totalLoss(double steepness, const std::vector<ScoredValue>& scored) {
 
 double expectedScore(double steepness, double value) {
   assert(steepness >= 0.0);
-  return 1.0 / (1.0 + std::exp(-steepness * value));
+  const double p = 1.0 / (1.0 + std::exp(-steepness * value));
+  return std::isnan(p) ? 0.5 : p;
 }
 
 double logLoss(double steepness, const ScoredValue& scored) {
-  // With z = k v, log p = -log(1 + e^-z) and log(1 - p) = log p - z; so that nothing overflows, e is never raised
-  // above 0.
+  // With z = k v, log p = -log(1 + e^-z) and log(1 - p) = log p - z; so that nothing overflows, e is never
+  // raised above 0.
   const double z = steepness * scored.value;
   return std::max(z, 0.0) + std::log1p(std::exp(-std::abs(z))) - scored.score * z;
 }
@@ -32,8 +33,8 @@ double logLoss(double steepness, const ScoredValue& scored) {
 //
 //   L'(k) = sum v (p - s)      L''(k) = sum v^2 p (1 - p)
 //
-// A step that does not lessen the loss is halved. Where the sign of the value always tells the winner, the loss falls
-// for ever, by less and less; the tolerance ends that.
+// A step that does not lessen the loss is halved. Where the sign of the value always tells the winner, the
+// loss falls for ever, by less and less; the tolerance ends that.
 double fitSteepness(const std::vector<ScoredValue>& scored) {
   constexpr int mostSteps = 50;
   constexpr double tolerance = 1e-10;  // of the loss, as a share of it

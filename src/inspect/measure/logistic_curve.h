@@ -11,12 +11,12 @@ struct ScoredValue {
   double score;
 };
 
-// The expected score p(v) = 1 / (1 + exp(-k v)), from 0 to 1, for a k of at least 0: it rises with the value, and 0
-// means 0.5.
+// The expected score p(v) = 1 / (1 + exp(-k v)), from 0 to 1, for a k of at least 0: it rises with the value,
+// and 0 means 0.5. So does a value that is no number.
 double expectedScore(double steepness, double value);
 
-// The k of the greatest likelihood, that is of the greatest sum of s log p(v) + (1 - s) log(1 - p(v)). Never below 0:
-// where greater values score worse, and where there is nothing to fit, it is 0.
+// The k of the greatest likelihood, that is of the greatest sum of s log p(v) + (1 - s) log(1 - p(v)). Never
+// below 0: where greater values score worse, and where there is nothing to fit, it is 0.
 double fitSteepness(const std::vector<ScoredValue>& scored);
 
 // -(s log p(v) + (1 - s) log(1 - p(v))), by natural logarithms: log 2 for a p of 0.5.

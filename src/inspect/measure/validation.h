@@ -40,11 +40,12 @@ struct Band {
   double meanScore() const { return won + drawn / 2.0; }
 };
 
-// Ten bands of as equal a number of samples as can be, the lowest values first; fewer than ten samples give as many
-// bands.
+// Ten bands of as equal a number of samples as can be, the lowest values first; fewer than ten samples give
+// as many bands.
 std::vector<Band> bandsOf(Predictions predictions);
 
-// What pieces are worth to their own side, by kind and square, seen from that side: a1 is its own left corner.
+// What pieces are worth to their own side, by kind and square, seen from that side: a1 is its own left
+// corner.
 using PieceWorth = Table<Table<Mean, squareCount>, pieceKindCount>;
 
 struct Validation {
@@ -59,8 +60,9 @@ struct Validation {
   Predictions all() const;
 };
 
-// Measures networks, at least one, on the samples that the utility would learn from these files, at least one; in the
-// order of the networks. Throws a Fault for a file without a game that has a result, and if there is no sample at all.
+// Measures networks, at least one, on the samples that the utility would learn from these files, at least
+// one; in the order of the networks. Throws a Fault for a file without a game that has a result, and if there
+// is no sample at all.
 std::vector<Validation> validateOn(std::span<const NetworkTable> tables,
                                    const std::vector<std::string>& files, const ShowProgress& showProgress);
 Validation validateOn(const NetworkTable& table, const std::vector<std::string>& files,

@@ -8,8 +8,8 @@ namespace {
 
 constexpr PositionType allTypes = positionTypeCount;
 
-// A table with a row for each type that has samples, and one for all, from what cellsOf(figures, ofNetwork) gives;
-// ofNetwork(cell) puts a dash where the network knows nothing of the type.
+// A table with a row for each type that has samples, and one for all, from what cellsOf(figures, ofNetwork)
+// gives; ofNetwork(cell) puts a dash where the network knows nothing of the type.
 template <typename CellsOf>
 std::string tableText(TextColumns columns, const Judgement& judgement, const Validation& validation,
                       CellsOf cellsOf) {

@@ -11,8 +11,8 @@ namespace quorvane::inspect {
 // Where a position comes from.
 struct Origin {
   std::string fen;
-  // Of a game: its players, if it has tags for them, and the move that led to the position, "12. Nbd7" or "12... Nf6";
-  // empty for the start position.
+  // Of a game: its players, if it has tags for them, and the move that led to the position, "12. Nbd7" or
+  // "12... Nf6"; empty for the start position.
   std::string white;
   std::string black;
   std::string move;

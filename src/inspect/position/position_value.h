@@ -19,9 +19,10 @@ class PositionValue {
   PositionValue(const PositionValue&) = delete;
   PositionValue& operator=(const PositionValue&) = delete;
 
-  // The value of the position as the side to move sees it. Calls visit(side, kind, square, worth) for every piece, with
-  // what it is worth to its own side: the sum of the weights of all patterns that fire on it, rounded to 32 bits as
-  // the caches of the evaluation do. That makes sums of them exact, whatever their order.
+  // The value of the position as the side to move sees it. Calls visit(side, kind, square, worth) for every
+  // piece, with what it is worth to its own side: the sum of the weights of all patterns that fire on it,
+  // rounded to 32 bits as the caches of the evaluation do. That makes sums of those of usual size exact,
+  // whatever their order.
   template <typename Visit>
   double of(const DescribedPosition& position, Visit visit) {
     const PositionType type = position.words.type;

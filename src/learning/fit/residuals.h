@@ -20,14 +20,6 @@ struct Residuals {
     if (std::abs(residual) < 1.0) ++hits;
   }
 
-  // What another pass has found, over other samples.
-  void add(const Residuals& other) {
-    samples += other.samples;
-    squares += other.squares;
-    absolutes += other.absolutes;
-    hits += other.hits;
-  }
-
   // f(w); 0.0 of no samples.
   double objective() const { return mean(squares); }
   double meanError() const { return mean(absolutes); }
