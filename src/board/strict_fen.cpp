@@ -65,9 +65,10 @@ StrictFen::Fault StrictFen::readRank(std::string_view text) {
       letter = character;
       return Fault::letter;
     }
-    if (files < 8)
+    if (files < 8) {
       placed[static_cast<std::int32_t>(pieceCount++)] = {piece.side, piece.kind,
                                                          squareAt(rank, static_cast<std::int32_t>(files))};
+    }
     ++files;
   }
   return files == 8 ? Fault::none : Fault::files;

@@ -36,7 +36,7 @@ std::string faultOfNetwork(const CommandLine& line) {
   const fs::file_status status = fs::status(network, error);
   if (status.type() == fs::file_type::not_found) return {};
   if (fs::is_fifo(status)) return inQuotes(line.network) + " is a pipe, which cannot be a network";
-  const std::string reason = reasonNotToRead(line.network);
+  std::string reason = reasonNotToRead(line.network);
   if (!reason.empty()) return reason;
   if (line.network != networkFileName && fs::is_regular_file(status) && !beginsLikeNetwork(network))
     return inQuotes(line.network) + " is no network, and would be written over";

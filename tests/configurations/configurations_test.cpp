@@ -1,4 +1,3 @@
-#include "configurations/place_bits.h"
 #include "support/board_fixture.h"
 
 namespace quorvane {
@@ -50,53 +49,6 @@ TEST_F(Configurations, WordsOfPieces) {
 TEST_F(Configurations, BlackToMoveTurnsNothingButTheMove) {
   expectWords({{"3qk2r/5ppp/2np4/2b5/4P3/3B1N2/4QPPP/4K2R b", "d1 13 16 18 29, c5 10 18 27"}},
               "O-O O-O Re8 Qd1");
-}
-
-TEST_F(Configurations, PlaceBitsAreThoseOfAnyWordOfAPieceThere) {
-  for (std::int32_t list = 0; list < placementListCount; ++list) {
-    const PieceKind kind = placementKinds[list % placementListsPerSide];
-    const Side side = list < placementListsPerSide ? black : white;
-    ConfigurationWord ofAnySquare = 0;
-    for (Square square = 0; square < squareCount; ++square) ofAnySquare |= placeBits(kind, side, square);
-    for (Square square = 0; square < squareCount; ++square) {
-      const bool cannotStand = kind == pawnKind && relativeRank(side, rankOf(square)) == 7;
-      if (square == 27 || square == 3 || cannotStand) continue;
-      Placement placement;
-      if (list != blackKingList) placement.append(black, kingKind, 27);
-      if (list != whiteKingList) placement.append(white, kingKind, 3);
-      placement.append(side, kind, square);
-      setupPosition(placement, white);
-      Network::computeConfigurations();
-      EXPECT_EQ(board[square]->configuration & ofAnySquare, placeBits(kind, side, square))
-          << kind << " " << square;
-    }
-  }
-}
-
-TEST_F(Configurations, MirroredPositionHasTheSameWords) {
-  std::vector<std::pair<Placement, Side>> positions;  // each before its mirror
-  playRandomGames([&] {
-    for (const std::int32_t mirrored : {0, 1}) {
-      const Side side = currentMove.sideToMove;
-      auto& placement = positions.emplace_back(Placement{}, mirrored == 1 ? opponent(side) : side).first;
-      for (const Piece* piece : board) {
-        if (piece->kind == emptyKind) continue;
-        placement.append(mirrored == 1 ? opponent(piece->side) : piece->side, piece->kind,
-                         piece->square ^ 56 * mirrored);
-      }
-    }
-  });
-  std::vector<ConfigurationWord> words[2];
-  for (std::size_t index = 0; index < positions.size(); ++index) {
-    const std::size_t mirrored = index % 2;
-    setupPosition(positions[index].first, positions[index].second);
-    describe();
-    words[mirrored].clear();
-    for (std::size_t square = 0; square < squareCount; ++square)
-      words[mirrored].push_back(board[square ^ 56 * mirrored]->configuration);
-    if (mirrored == 0) continue;
-    ASSERT_EQ(words[0], words[1]);
-  }
 }
 
 }  // namespace

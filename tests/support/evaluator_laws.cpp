@@ -9,7 +9,6 @@
 #include "network/network_file.h"
 #include "support/files.h"
 #include "support/network_tables.h"
-#include "support/plain_words.h"
 
 namespace quorvane {
 
@@ -90,12 +89,12 @@ const char* EvaluatorLaws::broken() {
   if (explained.count != position.count) return "each piece is explained";
 
   computeConfigurations();
-  const PlainWords plain(position);
+  const auto plain = plainWords(position);
   double expected = 0.0;
   for (std::int32_t i = 0; i < explained.count; ++i) {
     const auto& given = explained.pieces[i];
     const Piece& piece = *board[given.square];
-    if (given.word != plain.at(given.square)) return "the words are those of the plain walk";
+    if (given.word != plain[given.square]) return "the words are those of the plain walk";
     if (given.word != piece.configuration) return "the words are the same on the board";
     double worth = 0.0;
     forEachFiringNode(row()[piece.kind], piece.configuration,

@@ -31,6 +31,10 @@ class EvaluatorLaws : public Network {
   quorvane_cache* cache;
 };
 
+// The words of a position, by square, worked out by loops over files and ranks without a set of squares or a table: the
+// yardstick of what is fast.
+Table<ConfigurationWord, squareCount> plainWords(const quorvane_position& position);
+
 }  // namespace quorvane
 
 #endif  // QUORVANE_TESTS_SUPPORT_EVALUATOR_LAWS_H_

@@ -1,9 +1,9 @@
-#include "support/plain_words.h"
-
 #include <algorithm>
 #include <cstdlib>
+#include <functional>
 
 #include "configurations/configuration_word.h"
+#include "support/evaluator_laws.h"
 
 namespace quorvane {
 
@@ -21,7 +21,39 @@ std::int32_t toEdge(std::int32_t fileOrRank) {
   return std::min(fileOrRank, 7 - fileOrRank);
 }
 
-}  // namespace
+class PlainWords {
+ public:
+  explicit PlainWords(const quorvane_position& position);
+
+  Table<ConfigurationWord, squareCount> words{};
+
+ private:
+  struct Man {
+    Side side = noSide;
+    std::int32_t kind = emptyKind;
+  };
+
+  static bool onBoard(std::int32_t file, std::int32_t rank) {
+    return file >= 0 && file < 8 && rank >= 0 && rank < 8;
+  }
+  bool isFree(Square square) const { return men[square].kind == emptyKind; }
+  bool isPawnOf(Side side, std::int32_t file) const;
+  bool isPawnEnding() const;
+  bool isFreeBesideKing(Side side, Square square) const;
+  void mark(const Man& by, Square square);
+  // Calls visit(to) for each square that a piece other than a pawn reaches.
+  void forEachReached(Square from, const std::function<void(Square)>& visit) const;
+  void addOfAll(Square square);
+  void addPawn(Square square);
+  void addRace(Square square);
+  void addKing(Square square);
+  void addPiece(Square square);
+
+  Table<Man, squareCount> men{};
+  Table<Square, 2> kings{};
+  Table<bool, 2> castled{};
+  Side sideToMove;
+};
 
 PlainWords::PlainWords(const quorvane_position& position) : sideToMove(position.side_to_move) {
   castled[white] = position.white_castled != 0;
@@ -185,6 +217,12 @@ void PlainWords::addPiece(Square square) {
                                             queen_bits::enemyKingWithin6, 0};
     word |= byDistance[(std::max(byFiles, byRanks) - 1) / 2];
   }
+}
+
+}  // namespace
+
+Table<ConfigurationWord, squareCount> plainWords(const quorvane_position& position) {
+  return PlainWords(position).words;
 }
 
 }  // namespace quorvane

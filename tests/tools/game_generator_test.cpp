@@ -18,14 +18,6 @@ struct Position : public Board {
   std::string text;  // plies and pieces
 };
 
-TEST(GameGenerator, GivesTheSameBytesForASeed) {
-  const auto twoGames = [] {
-    GameGenerator generator(7);
-    return generator.nextGame() + generator.nextEnding();
-  };
-  EXPECT_EQ(twoGames(), twoGames());
-}
-
 TEST(GameGenerator, WritesMovesThatReplayToTheSamePosition) {
   GameGenerator generator(1);
   const TemporaryFolder folder;

@@ -161,7 +161,7 @@ std::string decidingText(const Explanation& explanation) {
 
 std::string explainText(const Origin& origin, const Explanation& explanation, std::optional<std::size_t> top,
                         const std::string& howToCalibrate) {
-  const std::string text = headText(origin, explanation, howToCalibrate) + "\n" + piecesText(explanation);
+  std::string text = headText(origin, explanation, howToCalibrate) + "\n" + piecesText(explanation);
   if (!explanation.typeHasPatterns) return text;
   return text + "\n" + detailText(explanation, top) + "\n" + decidingText(explanation);
 }

@@ -22,6 +22,7 @@ std::vector<std::uint32_t> gamesByDifference(const Validation& validation, const
     }
   }
   std::vector<std::uint32_t> games;
+  games.reserve(differences.size());
   for (const auto& [game, difference] : differences) games.push_back(game);
   std::ranges::stable_sort(games, std::greater(),
                            [&](std::uint32_t game) { return *differences.at(game).value(); });

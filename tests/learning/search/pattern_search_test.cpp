@@ -89,21 +89,5 @@ TEST_F(PatternSearch, CountsWhatOneSideShowsMore) {
   EXPECT_EQ(masksOf({{0x3, 0x1}}), Masks{0x2}) << "bits 0 and 1 are frequent, bit 0 alone is not";
 }
 
-TEST_F(PatternSearch, PrintsTheCountsOfAllLearnedTypes) {
-  masksOf({{0x80000001, 0}});
-  CapturedOutput output;
-  searchAllPatterns();
-  std::ostringstream expected;
-  for (int printed = 6; printed <= 13; ++printed) {
-    expected << "Number of positions of type " << printed << ": " << (printed == type) << "\n";
-    for (int kind = 0; kind < 6; ++kind) {
-      const int count = printed == type && kind == rookKind ? 3 : 0;
-      expected << "Configuration count for piece " << kind << ": " << count << "\n";
-    }
-    expected << "\n";
-  }
-  EXPECT_EQ(output.str(), expected.str());
-}
-
 }  // namespace
 }  // namespace quorvane
