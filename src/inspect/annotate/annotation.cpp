@@ -100,6 +100,9 @@ class Annotator : public Position {
     return currentMove.sideToMove == white ? pawns : -pawns;
   }
 
+  // A place in a file that is in memory as a whole.
+  static std::size_t inText(std::uint64_t place) { return static_cast<std::size_t>(place); }
+
   // The tokens up to `end` are those between the move and the next.
   void annotate(const ValuedMove& move, std::size_t end, const std::vector<TokenPlace>& tokens,
                 const TextList& tokenTexts) {
@@ -107,9 +110,9 @@ class Annotator : public Position {
     const std::string command = move.pawns ? evalCommand(*move.pawns) : "";
     bool replaced = false;
     for (std::size_t index = move.token + 1; index < end; ++index) {
-      const auto [begin, behind] = tokens[index];
       if (!tokenTexts[index].starts_with('{')) continue;
-      for (const Stretch& old : evalCommandsIn(text.substr(begin, behind - begin))) {
+      const std::size_t begin = inText(tokens[index].begin);
+      for (const Stretch& old : evalCommandsIn(text.substr(begin, inText(tokens[index].end) - begin))) {
         copy.replace(begin + old.begin, begin + old.end, command);
         replaced = true;
       }
@@ -118,7 +121,7 @@ class Annotator : public Position {
     // Glyphs stay next to their move, as programs write them.
     std::size_t last = move.token;
     while (last + 1 < end && isGlyph(tokenTexts[last + 1])) ++last;
-    copy.insert(tokens[last].end, " { " + command + " }");
+    copy.insert(inText(tokens[last].end), " { " + command + " }");
   }
 
   std::string_view text;

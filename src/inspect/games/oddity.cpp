@@ -10,7 +10,7 @@ const OddityWords& wordsOf(Oddity oddity) {
       {"none", "nothing"},
       {"noResult", "no result behind the moves"},
       {"tooShort", std::to_string(QuietPositions::shortestGame - 1) + " plies or fewer"},
-      {"tooLong", "more than " + std::to_string(depthLimit - 2) + " plies"},
+      {"tooLong", std::string("more than ").append(std::to_string(depthLimit - 2)) + " plies"},
       {"noPiece", "no piece can make the move"},
       {"firstPiecePinned", "the first piece that fits is pinned"},
       {"kingInCheck", "leaves the king in check"},
