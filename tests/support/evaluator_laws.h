@@ -31,8 +31,8 @@ class EvaluatorLaws : public Network {
   quorvane_cache* cache;
 };
 
-// The words of a position, by square, by loops over files and ranks without sets or tables: the yardstick of what
-// is fast.
+// The words of a position, by square, by loops over files and ranks without sets or tables: the yardstick of
+// what is fast.
 Table<ConfigurationWord, squareCount> plainWords(const quorvane_position& position);
 
 }  // namespace quorvane
