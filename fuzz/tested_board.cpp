@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "board/legal_moves.h"
+#include "board/pseudo_legal_moves.h"
 #include "fuzz/fuzz_target.h"
 #include "support/board_laws.h"
 
@@ -20,7 +20,7 @@ void TestedBoard::holds(const char* brokenLaw) {
 
 std::vector<MoveRecord> TestedBoard::moves() {
   holds(BoardLaws::brokenByMoves());
-  const auto generated = LegalMoves::all();
+  const auto generated = PseudoLegalMoves::all();
   std::vector<MoveRecord> all(generated.begin(), generated.end());
   const Piece& enemyKing = *kings[opponent(currentMove.sideToMove)];
   std::erase_if(all, [&](const MoveRecord& move) { return move.to == enemyKing.square; });
@@ -53,7 +53,7 @@ void TestedBoard::play(const std::vector<MoveRecord>& moves, const MoveRecord& w
                           kind,
                           promotion};
   const MoveRecord& first = *std::ranges::find_if(moves, [&](const MoveRecord& move) {
-    return board[move.from]->kind == kind && LegalMoves::fits(asked, move);
+    return board[move.from]->kind == kind && PseudoLegalMoves::fits(asked, move);
   });
   const bool promotes = promotion >= knightKind && promotion <= queenKind;
   Piece& ownKing = *kings[currentMove.sideToMove];

@@ -2,10 +2,10 @@
 
 #include <algorithm>
 
-#include "board/legal_moves.h"
 #include "board/piece.h"
 #include "board/piece_classes.h"
 #include "board/piece_letter.h"
+#include "board/pseudo_legal_moves.h"
 #include "board/ring.h"
 #include "board/square_name.h"
 
@@ -18,10 +18,6 @@ constexpr std::int32_t kingAsTaker = 100000;    // dearer than all: it takes not
 constexpr std::int32_t untaken = 200000;
 constexpr std::int32_t castlingBonus = 500;
 constexpr std::int32_t checkBonus = 150;  // of mates too: if none were overlooked, few games would last
-
-bool isCastling(const MoveRecord& move) {
-  return move.kind == castleKingSide || move.kind == castleQueenSide;
-}
 
 // How well the piece stands, danger apart.
 std::int32_t standing(const Piece& piece, bool ending) {
@@ -49,7 +45,7 @@ void TriedMoves::tryAll(SeededRandom& random, std::int32_t noise) {
     for (const Piece& piece : Ring(king)) material += piece.material;
   }
   moves.clear();
-  for (const MoveRecord& move : LegalMoves::all()) {
+  for (const MoveRecord& move : PseudoLegalMoves::all()) {
     if (move.kind != promoteToKnight) moves.push_back({move, random.below(noise)});
   }
   for (TriedMove& tried : moves) tryOut(tried, material < endingMaterial);
@@ -80,13 +76,13 @@ std::int32_t TriedMoves::riskOf(Piece& piece) {
 void TriedMoves::tryOut(TriedMove& tried, bool ending) {
   Piece& mover = *board[tried.move.from];
   const std::int32_t before = mover.material + standing(mover, ending) - riskOf(mover);
-  tried.legal = LegalMoves::makeIfLegal(tried.move);
+  tried.legal = PseudoLegalMoves::makeIfLegal(tried.move);
   if (!tried.legal) return;
   Piece& moved = *board[tried.move.to];  // a queen after a promotion
   tried.score += moved.material + standing(moved, ending) - riskOf(moved) - before;
   tried.score += history->record(history->depth).capturedPiece->material;
   if (tried.move.kind == enPassantCapture) tried.score += whitePawnClass.material;
-  if (isCastling(tried.move)) tried.score += castlingBonus;
+  if (isCastling(tried.move.kind)) tried.score += castlingBonus;
   tried.check = kings[currentMove.sideToMove]->isAttacked();
   tried.mate = tried.check && !hasLegalMove();
   if (tried.check) tried.score += checkBonus;
@@ -94,7 +90,7 @@ void TriedMoves::tryOut(TriedMove& tried, bool ending) {
 }
 
 bool TriedMoves::hasLegalMove() {
-  return std::ranges::any_of(LegalMoves::all(), LegalMoves::isLegal);
+  return std::ranges::any_of(PseudoLegalMoves::all(), PseudoLegalMoves::isLegal);
 }
 
 // Do pieces of one kind go to one square?
@@ -106,7 +102,7 @@ bool TriedMoves::areTwins(const TriedMove& a, const TriedMove& b) {
 bool TriedMoves::isPlayable(const TriedMove& tried) const {
   if (!tried.legal) return false;
   // A reader takes castling only without a check mark behind it.
-  if (isCastling(tried.move) && tried.check) return false;
+  if (isCastling(tried.move.kind) && tried.check) return false;
   // SAN does not name the origin if the other piece is pinned, but playGameMove may pick that piece.
   return std::ranges::none_of(moves,
                               [&](const TriedMove& other) { return !other.legal && areTwins(tried, other); });
@@ -135,7 +131,7 @@ std::string TriedMoves::origin(const TriedMove& chosen) const {
 
 std::string TriedMoves::san(const TriedMove& chosen) const {
   const MoveRecord& move = chosen.move;
-  if (isCastling(move)) return move.kind == castleKingSide ? "O-O" : "O-O-O";
+  if (isCastling(move.kind)) return move.kind == castleKingSide ? "O-O" : "O-O-O";
 
   const PieceKind kind = board[move.from]->kind;
   const bool captures = board[move.to]->kind != emptyKind || move.kind == enPassantCapture;

@@ -1,7 +1,7 @@
 #include <cassert>
 
-#include "board/legal_moves.h"
 #include "board/piece.h"
+#include "board/pseudo_legal_moves.h"
 #include "board/reach_tables.h"
 
 namespace quorvane {
@@ -32,8 +32,8 @@ bool Board::findMove(const DecodedMove& wanted) {
   if (wanted.toRank != anyRankOrFile && wanted.toFile != anyRankOrFile)
     return findMoveTo(squareAt(wanted.toRank, wanted.toFile), wanted);
 
-  for (const MoveRecord& move : LegalMoves::of(wanted.kind)) {
-    if (!LegalMoves::fits(wanted, move)) continue;
+  for (const MoveRecord& move : PseudoLegalMoves::of(wanted.kind)) {
+    if (!PseudoLegalMoves::fits(wanted, move)) continue;
     currentMove = move;
     return true;
   }
@@ -47,7 +47,7 @@ bool Board::findMoveTo(Square to, const DecodedMove& wanted) {
   const SquareSet candidates = squaresOf[currentMove.sideToMove][wanted.kind] & originSet[wanted.kind][to];
   for (const Square from : Squares(candidates)) {
     currentMove.from = from;
-    if (!LegalMoves::fits(wanted, currentMove)) continue;
+    if (!PseudoLegalMoves::fits(wanted, currentMove)) continue;
     // The ring holds the pieces of a kind by rising ids.
     if (first.found && board[first.from]->id < board[from]->id) continue;
     board[from]->testMove();
@@ -60,6 +60,9 @@ bool Board::findMoveTo(Square to, const DecodedMove& wanted) {
 
 bool Board::playGameMove(const DecodedMove& move) {
   assert(move.kind >= pawnKind && move.kind < pieceKindCount);
+  for ([[maybe_unused]] const std::int32_t rankOrFile :
+       {move.fromRank, move.fromFile, move.toRank, move.toFile})
+    assert(rankOrFile >= 0 && rankOrFile <= anyRankOrFile);
   if (history->depth + 2 >= depthLimit) {
     currentMove.status = statusTooDeep;
     currentMove.found = false;
@@ -77,7 +80,7 @@ bool Board::playGameMove(const DecodedMove& move) {
   if (promotes && move.kind == kingKind) return false;  // it would take the king out of its ring
   // The record's own kind does not matter: the generators leave bishop and rook out.
   if (promotes) currentMove.kind = promotionTo(move.promotion);
-  opposingKingIsSafe = LegalMoves::makeIfLegal(currentMove);
+  opposingKingIsSafe = PseudoLegalMoves::makeIfLegal(currentMove);
   if (!opposingKingIsSafe) currentMove.found = false;
   return opposingKingIsSafe;
 }

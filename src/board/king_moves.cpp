@@ -27,7 +27,7 @@ void King::testCastling(Square direction) {
   // The file is tested, the rank is not: an unmoved king on the e-file of any rank may castle with an unmoved
   // rook.
   if (fileOf(square) != kingFile || moveCount != 0) return;
-  const Square rookSquare = square + (direction > 0 ? 3 : -4);
+  const Square rookSquare = square + stepToCastlingRook(direction > 0);
   const Piece* rook = board[rookSquare];
   if (rook->moveCount != 0) return;
   for (Square between = square + direction; between != rookSquare; between += direction) {

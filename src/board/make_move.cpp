@@ -19,10 +19,6 @@ void putBackIntoRing(Piece* piece) {
   piece->next->prev = piece;
 }
 
-constexpr bool isCastling(MoveKind kind) {
-  return kind == castleQueenSide || kind == castleKingSide;
-}
-
 }  // namespace
 
 void Board::makeMove() {
@@ -31,6 +27,7 @@ void Board::makeMove() {
   Piece* const target = board[to];
   Piece* const mover = board[from];
   assert(mover->side == currentMove.sideToMove && target->side != mover->side && target->kind != kingKind);
+  assert(currentMove.kind <= promoteToRook || currentMove.kind == doubleStep);
   assert(history->depth + 1 < historyCapacity);
 
   hashState->pushKeys();
@@ -72,7 +69,7 @@ void Board::makeMove() {
 void Board::moveCastlingRook(UndoRecord& undo) {
   const bool kingSide = undo.undoKind == castleKingSide;
   static_cast<King*>(undo.movedPiece)->castled = true;
-  undo.auxFrom = undo.fromSquare + (kingSide ? 3 : -4);
+  undo.auxFrom = undo.fromSquare + stepToCastlingRook(kingSide);
   undo.auxTo = undo.fromSquare + (kingSide ? 1 : -1);
   Piece* const rook = board[undo.auxFrom];
   assert(rook->kind == rookKind);

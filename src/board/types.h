@@ -65,6 +65,14 @@ enum MoveKind : std::int32_t {
   doubleStep = 12
 };
 
+constexpr bool isCastling(MoveKind kind) {
+  return kind == castleQueenSide || kind == castleKingSide;
+}
+// From the square of a king that castles to that of its rook.
+constexpr Square stepToCastlingRook(bool kingSide) {
+  return kingSide ? 3 : -4;
+}
+
 // The kind that a promotion makes of a pawn, and the other way round.
 constexpr PieceKind promotedKind(MoveKind promotion) {
   return promotion == promoteToQueen ? queenKind : PieceKind{promotion - promoteToKnight + knightKind};

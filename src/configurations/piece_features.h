@@ -49,7 +49,7 @@ PieceFeatures featuresOf(Side side, Square square, const Surroundings& around) {
 inline PieceFeatures kingFeatures(Side side, const Surroundings& around, SquareSet ownPawns, bool castled) {
   const SquareSet reached = attackSet[kingKind][around.ownKing];
   ConfigurationWord own = placeBits(kingKind, side, around.ownKing);
-  own |= neighbourBits(reached & ~around.occupied, reached & ownPawns);
+  own |= neighbourBits(around.besideOwnKing, reached & ownPawns);
   if (castled) own |= king_bits::castled;
   return {own, reached};
 }

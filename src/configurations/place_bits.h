@@ -46,7 +46,7 @@ inline constexpr auto placeBitsOfWhite = [] {
 }();
 
 // The bits that a piece has by its square alone, whatever else stands on the board: zone, centre distance,
-// ring, file, rank, half, edge. Black sees the board turned round.
+// ring, file, rank, half, edge. Black sees the board mirrored, rank 8 as its first.
 constexpr ConfigurationWord placeBits(std::int32_t kind, Side side, Square square) {
   return placeBitsOfWhite[kind][side == white ? square : square ^ 56];
 }

@@ -98,7 +98,7 @@ constexpr ConfigurationWord raceBits(const PawnRules& rules, Square pawn, Square
                                      bool onMove) {
   using namespace pawn_bits;
   // Moves that a pawn needs to promote, by its rank as its own side counts it; the double step from the start
-  // rank is one move. Nothing is worked out for the outer ranks.
+  // rank is one move. 0 on the outer ranks.
   constexpr Table<std::int32_t, 8> pawnMoves = {{0, 5, 5, 4, 3, 2, 1, 0}};
 
   const std::int32_t rank = relativeRank(rules.side, rankOf(pawn));

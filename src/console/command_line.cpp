@@ -63,10 +63,8 @@ std::string inQuotes(std::string_view name) {
   return std::string("'").append(name).append("'");
 }
 
-int refuse(ExitStatus status, std::string reason) {
-  std::ranges::replace_if(
-      reason, [](unsigned char byte) { return byte < ' '; }, '?');
-  std::cerr << "quorvane-learn: " << reason << '\n';
+int refuse(ExitStatus status, const std::string& reason) {
+  std::cerr << "quorvane-learn: " << inOneLine(reason) << '\n';
   return status;
 }
 

@@ -24,7 +24,7 @@ std::string inQuotes(std::string_view name);
 
 // Tells the reason in one line on standard error, whatever stands in the names of files, and gives the
 // status.
-int refuse(ExitStatus status, std::string reason);
+int refuse(ExitStatus status, const std::string& reason);
 
 // Why the file cannot be read, empty if nothing forbids it. What can be read once, such as a pipe, is not
 // opened.

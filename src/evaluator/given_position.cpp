@@ -29,8 +29,8 @@ quorvane_status readPosition(const quorvane_position& position, PositionSets& se
     if (kind == pawnKind && relativeRank(side, rankOf(square)) == 7) return QUORVANE_PAWN_ON_LAST_RANK;
   }
   for (const Side side : {black, white}) {
-    if (std::popcount(read.pieces[side][kingKind]) != 1) return QUORVANE_KING_COUNT;
-    if (std::popcount(read.pieces.ofSide(side)) > piecesPerSide) return QUORVANE_PIECE_COUNT;
+    if (countOf(read.pieces[side][kingKind]) != 1) return QUORVANE_KING_COUNT;
+    if (countOf(read.pieces.ofSide(side)) > piecesPerSide) return QUORVANE_PIECE_COUNT;
   }
   read.sideToMove = position.side_to_move;
   read.castled[white] = position.white_castled != 0;

@@ -1,6 +1,7 @@
 #ifndef QUORVANE_FILES_FILE_NAME_H_
 #define QUORVANE_FILES_FILE_NAME_H_
 
+#include <algorithm>
 #include <filesystem>
 #include <string>
 #include <string_view>
@@ -15,6 +16,13 @@ inline std::filesystem::path pathOf(std::string_view name) {
   } catch (const std::filesystem::filesystem_error&) {
     return {};
   }
+}
+
+// A name as it can stand in a line: control characters are replaced.
+inline std::string inOneLine(std::string name) {
+  std::ranges::replace_if(
+      name, [](unsigned char byte) { return byte < ' '; }, '?');
+  return name;
 }
 
 }  // namespace quorvane

@@ -11,7 +11,7 @@ TEST_F(Perft, CountsArePublishedOnes) {
     if (depth == 0) return 1;
     int count = 0;
     for (const MoveRecord& move : allMoves()) {
-      if (!LegalMoves::makeIfLegal(move)) continue;
+      if (!PseudoLegalMoves::makeIfLegal(move)) continue;
       count += leaves(depth - 1);
       unmakeMove();
     }

@@ -9,8 +9,8 @@
 #include <sstream>
 
 #include "board/hash_state.h"
-#include "board/legal_moves.h"
 #include "board/piece.h"
+#include "board/pseudo_legal_moves.h"
 #include "board/ring.h"
 #include "board/square_name.h"
 #include "learning/learner.h"
@@ -57,14 +57,15 @@ class BoardTest : public testing::Test, protected Learner {
   // The destinations of a piece in the order of generation.
   std::string moves(const std::string& square) {
     std::string text;
-    for (const MoveRecord& move : LegalMoves::of(at(square))) text.append(" ").append(squareName(move.to));
+    for (const MoveRecord& move : PseudoLegalMoves::of(at(square)))
+      text.append(" ").append(squareName(move.to));
     return text;
   }
 
   // Pseudo-legal moves, with the promotions that are not generated.
   std::vector<MoveRecord> allMoves() {
     std::vector<MoveRecord> all;
-    for (const MoveRecord& move : LegalMoves::all()) {
+    for (const MoveRecord& move : PseudoLegalMoves::all()) {
       all.push_back(move);
       if (move.kind != promoteToKnight) continue;
       for (const MoveKind kind : {promoteToBishop, promoteToRook}) all.emplace_back(move).kind = kind;
@@ -85,7 +86,7 @@ class BoardTest : public testing::Test, protected Learner {
           visit();
           all = allMoves();
           std::ranges::shuffle(all, random);
-        } while (history->depth < 100 && std::ranges::any_of(all, LegalMoves::makeIfLegal));
+        } while (history->depth < 100 && std::ranges::any_of(all, PseudoLegalMoves::makeIfLegal));
         while (history->depth > 0) unmakeMove();
         EXPECT_EQ(BoardLaws::state(), start);
       }

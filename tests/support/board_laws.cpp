@@ -5,8 +5,8 @@
 #include <bit>
 
 #include "board/hash_state.h"
-#include "board/legal_moves.h"
 #include "board/piece.h"
+#include "board/pseudo_legal_moves.h"
 #include "board/ring.h"
 
 namespace quorvane {
@@ -75,7 +75,7 @@ const char* BoardLaws::brokenByMoves() {
   bool takesKing = false;
   for (Piece& piece : Ring(kings[side])) {
     if (const char* const broken = brokenByMovesOf(piece); broken != nullptr) return broken;
-    for (const MoveRecord& move : LegalMoves::of(piece)) takesKing |= move.to == enemyKing.square;
+    for (const MoveRecord& move : PseudoLegalMoves::of(piece)) takesKing |= move.to == enemyKing.square;
   }
   return enemyKing.isAttacked() == takesKing ? nullptr : "a king is attacked if it could be taken";
 }

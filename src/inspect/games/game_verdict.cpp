@@ -1,7 +1,7 @@
 #include "inspect/games/game_verdict.h"
 
-#include "board/legal_moves.h"
 #include "board/piece.h"
+#include "board/pseudo_legal_moves.h"
 
 namespace quorvane::inspect {
 
@@ -75,9 +75,9 @@ class MoveReview : public Board {
     // A king that would be promoted fits nowhere.
     if (move.kind == kingKind && move.promotion != noPromotion) return Oddity::noPiece;
     bool anyFits = false;
-    for (const MoveRecord& candidate : LegalMoves::of(move.kind)) {
-      if (!LegalMoves::fits(move, candidate)) continue;
-      if (LegalMoves::isLegal(candidate)) return Oddity::firstPiecePinned;
+    for (const MoveRecord& candidate : PseudoLegalMoves::of(move.kind)) {
+      if (!PseudoLegalMoves::fits(move, candidate)) continue;
+      if (PseudoLegalMoves::isLegal(candidate)) return Oddity::firstPiecePinned;
       anyFits = true;
     }
     return anyFits ? Oddity::kingInCheck : Oddity::noPiece;

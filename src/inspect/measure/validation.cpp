@@ -17,8 +17,8 @@ namespace quorvane::inspect {
 namespace {
 
 // The difference of material, as the side to move sees it.
-std::int32_t materialOf(const PositionSets& sets) {
-  const auto of = [&](Side side) { return quorvane::materialOf(countsOf(sets.pieces[side])); };
+std::int32_t materialLead(const PositionSets& sets) {
+  const auto of = [&](Side side) { return materialOf(countsOf(sets.pieces[side])); };
   return of(sets.sideToMove) - of(opponent(sets.sideToMove));
 }
 
@@ -66,8 +66,8 @@ class Validator : public Position {
         worths[kind][squareAt(relativeRank(side, rankOf(square)), fileOf(square))].add(worth);
       };
       const double value = networks[index]->of(position, add);
-      validations[index].byType[type].push_back(
-          {value, target, outcome, materialOf(position.sets), static_cast<std::uint32_t>(tally.withResult)});
+      validations[index].byType[type].push_back({value, target, outcome, materialLead(position.sets),
+                                                 static_cast<std::uint32_t>(tally.withResult)});
     }
   }
 

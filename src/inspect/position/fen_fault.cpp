@@ -9,11 +9,11 @@ namespace quorvane::inspect {
 
 namespace {
 
-using Fault = StrictFen::Fault;
+using FenFault = StrictFen::Fault;
 
 std::string faultInRank(const StrictFen& fen) {
   const std::string name = "rank " + std::to_string(fen.rank + 1);
-  if (fen.fault == Fault::letter) return name + " holds '" + fen.letter + "', which is no piece";
+  if (fen.fault == FenFault::letter) return name + " holds '" + fen.letter + "', which is no piece";
   return name + " has " + std::to_string(fen.files) + " files";
 }
 
@@ -24,12 +24,12 @@ bool isPawnOn(std::int32_t rank, const StrictFen::PlacedPiece& placed) {
 }  // namespace
 
 std::string faultIn(const StrictFen& fen) {
-  if (fen.fault == Fault::ranks) {
+  if (fen.fault == FenFault::ranks) {
     const std::string ranks = fen.ranks == 1 ? " rank" : " ranks";
     return "has " + std::to_string(fen.ranks) + ranks + " instead of 8";
   }
   // From the top, as people read.
-  const bool rankIsWrong = fen.fault == Fault::letter || fen.fault == Fault::files;
+  const bool rankIsWrong = fen.fault == FenFault::letter || fen.fault == FenFault::files;
   for (std::int32_t rank = 7; rank >= fen.rank; --rank) {
     if (rankIsWrong && rank == fen.rank) return faultInRank(fen);
     const auto isPawnHere = [=](const auto& placed) { return isPawnOn(rank, placed); };
@@ -41,7 +41,7 @@ std::string faultIn(const StrictFen& fen) {
     if (std::ranges::count_if(fen.pieces(), isKing) != 1) return "does not give each side exactly one king";
   }
   if (fen.side.empty()) return "does not say which side is to move";
-  if (fen.fault == Fault::side)
+  if (fen.fault == FenFault::side)
     return "names '" + std::string(fen.side) + "' as the side to move, which is neither w nor b";
   return {};  // what follows is not looked at
 }

@@ -1,5 +1,5 @@
-#ifndef QUORVANE_BOARD_LEGAL_MOVES_H_
-#define QUORVANE_BOARD_LEGAL_MOVES_H_
+#ifndef QUORVANE_BOARD_PSEUDO_LEGAL_MOVES_H_
+#define QUORVANE_BOARD_PSEUDO_LEGAL_MOVES_H_
 
 #include <span>
 
@@ -7,12 +7,11 @@
 
 namespace quorvane {
 
-// The moves of the side to move, and which of them are legal.
-class LegalMoves : public Board {
+// The moves of the side to move that may leave their own king attacked, and which of them do not, and so are legal.
+class PseudoLegalMoves : public Board {
  public:
-  // Pseudo-legal moves, which may leave their own king attacked, in the order of generation: of one piece, of
-  // all pieces of a kind as they follow each other in the ring, of all pieces. They stand in moveBuffer,
-  // until moves are generated again.
+  // In the order of generation: of one piece of that side, of all its pieces of a kind as they follow each
+  // other in the ring, of all pieces. They stand in moveBuffer, until moves are generated again.
   static std::span<const MoveRecord> of(const Piece& piece);
   static std::span<const MoveRecord> of(PieceKind kind);
   static std::span<const MoveRecord> all();
@@ -36,4 +35,4 @@ class LegalMoves : public Board {
 
 }  // namespace quorvane
 
-#endif  // QUORVANE_BOARD_LEGAL_MOVES_H_
+#endif  // QUORVANE_BOARD_PSEUDO_LEGAL_MOVES_H_

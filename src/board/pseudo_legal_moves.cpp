@@ -1,4 +1,4 @@
-#include "board/legal_moves.h"
+#include "board/pseudo_legal_moves.h"
 
 #include "board/piece.h"
 #include "board/ring.h"
@@ -23,19 +23,19 @@ struct Generation : public Board {
 
 }  // namespace
 
-std::span<const MoveRecord> LegalMoves::of(const Piece& piece) {
+std::span<const MoveRecord> PseudoLegalMoves::of(const Piece& piece) {
   return Generation::of([&](const Piece& other) { return &other == &piece; });
 }
 
-std::span<const MoveRecord> LegalMoves::of(PieceKind kind) {
+std::span<const MoveRecord> PseudoLegalMoves::of(PieceKind kind) {
   return Generation::of([=](const Piece& piece) { return piece.kind == kind; });
 }
 
-std::span<const MoveRecord> LegalMoves::all() {
+std::span<const MoveRecord> PseudoLegalMoves::all() {
   return Generation::of([](const Piece&) { return true; });
 }
 
-bool LegalMoves::makeIfLegal(const MoveRecord& move) {
+bool PseudoLegalMoves::makeIfLegal(const MoveRecord& move) {
   currentMove = move;
   makeMove();
   const bool legal = !kings[opponent(currentMove.sideToMove)]->isAttacked();
@@ -43,7 +43,7 @@ bool LegalMoves::makeIfLegal(const MoveRecord& move) {
   return legal;
 }
 
-bool LegalMoves::isLegal(const MoveRecord& move) {
+bool PseudoLegalMoves::isLegal(const MoveRecord& move) {
   const MoveRecord saved = currentMove;
   const bool legal = makeIfLegal(move);
   if (legal) unmakeMove();
