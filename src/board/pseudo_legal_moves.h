@@ -7,7 +7,8 @@
 
 namespace quorvane {
 
-// The moves of the side to move that may leave their own king attacked, and which of them do not, and so are legal.
+// The moves of the side to move that may leave their own king attacked, and which of them do not and are
+// legal.
 class PseudoLegalMoves : public Board {
  public:
   // In the order of generation: of one piece of that side, of all its pieces of a kind as they follow each

@@ -80,6 +80,16 @@ std::string howToCalibrate(const std::string& network) {
   return "quorvane-inspect validate GAMES.pgn" + option + " --calibration " + defaultCalibrationFile(network);
 }
 
+// Who gives values, fit for a tag of a game.
+std::string signatureOf(const std::string& network) {
+  std::string name = network.substr(network.find_last_of("/\\") + 1);
+  std::ranges::replace_if(
+      name,
+      [](char character) { return std::string_view("\"\\[]").find(character) != std::string_view::npos; },
+      '_');
+  return "quorvane-inspect " QUORVANE_VERSION ", " + inOneLine(name);
+}
+
 Origin setFen(const std::string& fen, const Arguments& arguments) {
   return Position::setFen(fen, arguments.lenient ? Position::Rules::lenient : Position::Rules::chess);
 }
@@ -201,7 +211,8 @@ void runAnnotate(const Arguments& arguments) {
     throw Fault(arguments.network, "has no calibration; make one with: " + howToCalibrate(arguments.network));
   }
   const Calibration calibration = readCalibration(curves, fingerprintOf(table));
-  const Annotation annotation = annotateGames(arguments.files.front(), table, calibration, progress());
+  const AnnotatingNetwork by{table, calibration, signatureOf(arguments.network)};
+  const Annotation annotation = annotateGames(arguments.files.front(), by, progress());
   writeOutput(arguments.output, annotation.text);
   // Not on standard output, which may be what -o names.
   for (const std::string& line : annotationLines(annotation.tally)) note(line);

@@ -60,11 +60,14 @@ char readAll(PgnScanner& scanner, char first, TextBuilder& tokens, Note note) {
 
 }  // namespace
 
-void TokenReader::readTag(TextBuilder& tags) {
+TokenPlace TokenReader::readTag(TextBuilder& tags) {
   assert(atTag());
+  const std::uint64_t begin = scanner.position() - 1;
   scanner.readUpTo(']', tags);
   tags.close();
+  const TokenPlace place{begin, scanner.position()};
   first = scanner.readCharacter();
+  return place;
 }
 
 void TokenReader::readTokens(TextBuilder& tokens) {

@@ -10,7 +10,7 @@
 
 namespace quorvane {
 
-// Where a token stands in its file: from its first byte to behind its last one.
+// Where a token or a tag stands in its file: from its first byte to behind its last one.
 struct TokenPlace {
   std::uint64_t begin;
   std::uint64_t end;
@@ -26,8 +26,8 @@ class TokenReader {
   bool ended() const { return scanner.ended(); }
   bool atTag() const { return first == '[' && !ended(); }
 
-  // Adds the tag that comes next, without its brackets, as a string.
-  void readTag(TextBuilder& tags);
+  // Adds the tag that comes next, without its brackets, as a string. Gives its place, brackets included.
+  TokenPlace readTag(TextBuilder& tags);
   // Adds all tokens up to the next tag, as a string each; to `places` where they stand.
   void readTokens(TextBuilder& tokens);
   void readTokens(TextBuilder& tokens, std::vector<TokenPlace>& places);

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cassert>
 #include <optional>
-#include <sstream>
+#include <span>
 #include <string_view>
 #include <utility>
 #include <vector>
@@ -11,7 +11,7 @@
 #include "inspect/annotate/eval_comment.h"
 #include "inspect/common/game_files.h"
 #include "inspect/position/position.h"
-#include "pgn/token_reader.h"
+#include "inspect/position/san.h"
 
 namespace quorvane::inspect {
 
@@ -22,9 +22,10 @@ class ChangedCopy {
  public:
   explicit ChangedCopy(std::string_view source) : text(source) {}
 
-  // Each no earlier in the text than the last one.
+  // Each no earlier in the text than the last one; what that has replaced already is left as it is.
   void replace(std::size_t begin, std::size_t end, std::string_view replacement) {
-    assert(copied <= begin && begin <= end && end <= text.size());
+    begin = std::max(begin, copied);
+    assert(begin <= end && end <= text.size());
     copy.append(text, copied, begin - copied).append(replacement);
     copied = end;
   }
@@ -41,103 +42,169 @@ class ChangedCopy {
   std::size_t copied = 0;
 };
 
-struct ValuedMove {
-  std::size_t token;            // its index in the game
+// A move and what stands behind it, up to the next one.
+struct AnnotatedMove {
+  std::size_t first;  // of its elements in the game
+  bool isMove;        // false for what stands before the first move and behind the last that can be read
   std::optional<double> pawns;  // of the position behind it, as White sees it
 };
 
+// The value of an Annotator tag that had this one before.
+std::string signedBy(const std::string& signature, std::string_view before) {
+  const std::string_view program = std::string_view(signature).substr(0, signature.find(' '));
+  const std::size_t own = before.find(program);
+  if (own != std::string_view::npos) return std::string(before.substr(0, own)) + signature;
+  const bool nobody = before.find_first_not_of("? ") == std::string_view::npos;
+  return nobody ? signature : std::string(before) + ", " + signature;
+}
+
 class Annotator : public Position {
  public:
-  Annotator(std::stringstream& source, const NetworkTable& table, const Calibration& curves)
-      : text(source.view()), calibration(curves), reader(source), copy(text), value(table) {}
+  Annotator(GameText& games, const AnnotatingNetwork& by)
+      : network(by), text(games.bytes.view()), parts(games), copy(text), value(by.table) {}
 
-  void addGame(std::int32_t number, PgnGame& game) {
-    const std::vector<TokenPlace> tokens = readPlaces();
-    const GameVerdict verdict = judgeMoves(game);
-    if (verdict.oddity != Oddity::none) {
-      GamesLeft& left = tally.left[verdict.oddity];
-      if (left.games == 0) left = {0, number, verdict};
-      ++left.games;
-      return;
-    }
-    const std::vector<ValuedMove> moves = valuedMoves(game);
+  void addGame(std::int32_t number, const PgnGame& game) {
+    const GameParts read = parts.next();
+    setupPosition(game.placement, game.sideToMove);
+    playGame(read.moves, number);
     const bool anyValue = std::ranges::any_of(moves, [](const auto& move) { return move.pawns.has_value(); });
     ++(anyValue ? tally.games : tally.withoutValues);
-    for (std::size_t index = 0; index < moves.size(); ++index) {
-      const std::size_t end = index + 1 < moves.size() ? moves[index + 1].token : tokens.size();
-      annotate(moves[index], end, tokens, game.tokens);
-    }
+    if (anyValue) sign(read);
+    for (const AnnotatedMove& move : moves) annotate(move);
   }
 
   Annotation finish() { return {copy.finish(), std::move(tally)}; }
 
  private:
-  // Of the next game's tokens, read once more.
-  std::vector<TokenPlace> readPlaces() {
-    TextBuilder ignored;
-    while (reader.atTag()) reader.readTag(ignored);
-    std::vector<TokenPlace> places;
-    reader.readTokens(ignored, places);
-    return places;
-  }
-
-  // All moves of a game of which all can be played.
-  std::vector<ValuedMove> valuedMoves(PgnGame& game) {
-    std::vector<ValuedMove> moves;
-    game.tokenCursor = 0;
-    setupPosition(game.placement, game.sideToMove);
-    for (DecodedMove move; game.nextMove(move) && playGameMove(move);) {
-      moves.push_back({static_cast<std::size_t>(game.tokenCursor - 1), pawnsOfBoard()});
+  // Leaves the game's elements and moves.
+  void playGame(std::string_view moveText, std::int32_t number) {
+    elements.clear();
+    moves.assign(1, {0, false, {}});
+    MoveText reader(moveText);
+    bool readable = true;
+    while (const std::optional<MoveElement> element = reader.next()) {
+      const SanFault fault = readable ? SanMoves::play(*element) : SanFault::none;
+      if (fault != SanFault::none) {
+        readable = false;
+        ++tally.unread.try_emplace(fault, UnreadGames{0, number, moves.size(), std::string(element->text)})
+              .first->second.games;
+        moves.push_back({elements.size(), false, {}});
+      } else if (readable && element->kind == MoveElement::move) {
+        moves.push_back({elements.size(), true, pawnsOfBoard()});
+      }
+      elements.push_back(*element);
+      if (element->kind == MoveElement::result) moves.push_back({elements.size(), false, {}});
     }
-    return moves;
   }
 
   std::optional<double> pawnsOfBoard() {
     const DescribedPosition position = described();
-    const std::optional<double> expected = calibration.expectedScore(position.words.type, value.of(position));
+    const std::optional<double> expected =
+        network.calibration.expectedScore(position.words.type, value.of(position));
     if (!expected) return {};
     const double pawns = pawnsOfScore(*expected);
     return currentMove.sideToMove == white ? pawns : -pawns;
   }
 
-  // A place in a file that is in memory as a whole.
-  static std::size_t inText(std::uint64_t place) { return static_cast<std::size_t>(place); }
-
-  // The tokens up to `end` are those between the move and the next.
-  void annotate(const ValuedMove& move, std::size_t end, const std::vector<TokenPlace>& tokens,
-                const TextList& tokenTexts) {
-    ++(move.pawns ? tally.moves : tally.unknownMoves);
-    const std::string command = move.pawns ? evalCommand(*move.pawns) : "";
-    bool replaced = false;
-    for (std::size_t index = move.token + 1; index < end; ++index) {
-      if (!tokenTexts[index].starts_with('{')) continue;
-      const std::size_t begin = inText(tokens[index].begin);
-      for (const Stretch& old : evalCommandsIn(text.substr(begin, inText(tokens[index].end) - begin))) {
-        copy.replace(begin + old.begin, begin + old.end, command);
-        replaced = true;
-      }
-    }
-    if (replaced || !move.pawns) return;
-    // Glyphs stay next to their move, as programs write them.
-    std::size_t last = move.token;
-    while (last + 1 < end && isGlyph(tokenTexts[last + 1])) ++last;
-    copy.insert(inText(tokens[last].end), " { " + command + " }");
+  std::size_t placeOf(std::string_view part) const {
+    return static_cast<std::size_t>(part.data() - text.data());
   }
 
+  // Says in the game's Annotator tag who gave the values.
+  void sign(const GameParts& game) {
+    constexpr std::string_view opening = "[Annotator \"";
+    for (const std::string_view tag : game.tags) {
+      if (!tag.starts_with(opening)) continue;
+      const std::string_view before =
+          tag.substr(opening.size(), tag.find('"', opening.size()) - opening.size());
+      const std::size_t begin = placeOf(before);
+      return copy.replace(begin, begin + before.size(), signedBy(network.signature, before));
+    }
+    const std::string tag = std::string(opening) + network.signature + "\"]";
+    if (game.tags.empty()) return copy.insert(placeOf(game.moves), tag + "\n\n");
+    const std::size_t behind = placeOf(game.tags.back()) + game.tags.back().size();
+    copy.insert(behind, (text.substr(behind).starts_with('\r') ? "\r\n" : "\n") + tag);
+  }
+
+  void annotate(const AnnotatedMove& move) {
+    if (move.isMove) ++(move.pawns ? tally.moves : tally.unknownMoves);
+    const std::string command = move.pawns ? evalCommand(*move.pawns) : "";
+    const std::span<const MoveElement> own = elementsOf(move);
+    const bool replaces = std::ranges::any_of(own, hasEval);
+    const MoveElement* const place = move.pawns && !replaces ? &placeOfNew(own) : nullptr;
+    for (const MoveElement& element : own) {
+      replaceEvals(element, element.kind == MoveElement::comment ? command : "");
+      if (&element == place) putInto(element, command);
+    }
+  }
+
+  void putInto(const MoveElement& element, const std::string& command) {
+    const std::size_t begin = placeOf(element.text);
+    const std::size_t end = begin + element.text.size();
+    if (element.kind != MoveElement::comment) return copy.insert(end, " { " + command + " }");
+    if (element.text.starts_with('{')) return copy.insert(begin + evalPlaceIn(element.text), command + " ");
+    // Behind a semicolon the utility would take the bracket for a tag's.
+    copy.replace(begin, begin + 1, "{ " + command);
+    copy.insert(end, " }");
+  }
+
+  std::span<const MoveElement> elementsOf(const AnnotatedMove& move) const {
+    const std::size_t next = static_cast<std::size_t>(&move - moves.data()) + 1;
+    const std::size_t end = next < moves.size() ? moves[next].first : elements.size();
+    return std::span(elements).subspan(move.first, end - move.first);
+  }
+
+  static bool hasEval(const MoveElement& element) {
+    return element.kind == MoveElement::comment && !evalCommandsIn(element.text).empty();
+  }
+
+  // The comment that takes the command of a move, or what it stands behind in a comment of its own. Many readers
+  // take one comment behind a move and no more.
+  static const MoveElement& placeOfNew(std::span<const MoveElement> own) {
+    const auto takes = [](const MoveElement& element) {
+      return element.kind == MoveElement::comment &&
+             (element.text.front() == '{' || element.text.find('}') == std::string_view::npos);
+    };
+    const auto withCommand = std::ranges::find_if(own, [&](const MoveElement& element) {
+      return takes(element) && element.text.find("[%") != std::string_view::npos;
+    });
+    if (withCommand != own.end()) return *withCommand;
+    const auto comment = std::ranges::find_if(own, takes);
+    if (comment != own.end()) return *comment;
+    // Glyphs stay next to their move, as programs write them.
+    std::size_t last = 0;
+    while (last + 1 < own.size() && own[last + 1].kind == MoveElement::glyph) ++last;
+    return own[last];
+  }
+
+  // Takes them out where the command is empty.
+  void replaceEvals(const MoveElement& element, const std::string& command) {
+    if (element.kind != MoveElement::comment && element.kind != MoveElement::variation) return;
+    const std::size_t begin = placeOf(element.text);
+    for (const Stretch& eval : evalCommandsIn(element.text)) {
+      const Stretch inText{begin + eval.begin, begin + eval.end};
+      const Stretch old = command.empty() ? withItsSpace(text, inText) : inText;
+      copy.replace(old.begin, old.end, command);
+    }
+  }
+
+  const AnnotatingNetwork& network;
   std::string_view text;
-  const Calibration& calibration;
-  TokenReader reader;
+  GamePartsReader parts;
   ChangedCopy copy;
   AnnotationTally tally;
   PositionValue value;
+  // Of the game at work.
+  std::vector<MoveElement> elements;
+  std::vector<AnnotatedMove> moves;
 };
 
 }  // namespace
 
-Annotation annotateGames(const std::string& file, const NetworkTable& table, const Calibration& calibration,
+Annotation annotateGames(const std::string& file, const AnnotatingNetwork& network,
                          const ShowProgress& showProgress) {
   GameText games = loadGameText(file);
-  Annotator annotator(games.bytes, table, calibration);
+  Annotator annotator(games, network);
   forEachGame(games.database, file, showProgress,
               [&](std::int32_t number, PgnGame& game) { annotator.addGame(number, game); });
   return annotator.finish();

@@ -8,16 +8,17 @@
 #include <vector>
 
 #include "inspect/common/game_files.h"
-#include "inspect/games/game_verdict.h"
 #include "inspect/measure/calibration.h"
+#include "inspect/position/san.h"
 
 namespace quorvane::inspect {
 
-// Games that stay as they are for one reason.
-struct GamesLeft {
+// Games with a move that cannot be played, for one reason.
+struct UnreadGames {
   std::size_t games = 0;
   std::int32_t first = 0;  // the number of the first of them in the file, from 1
-  GameVerdict verdict;     // of that one
+  std::size_t ply = 0;     // of the move in that one, from 1
+  std::string san;         // the move
 };
 
 // What came of the games of a file.
@@ -26,7 +27,7 @@ struct AnnotationTally {
   std::size_t moves = 0;          // with a value
   std::size_t unknownMoves = 0;   // without one, as the network has no patterns for the type of the position
   std::size_t withoutValues = 0;  // games that have no moves, or only such
-  std::map<Oddity, GamesLeft> left;
+  std::map<SanFault, UnreadGames> unread;
 };
 
 struct Annotation {
@@ -34,15 +35,25 @@ struct Annotation {
   AnnotationTally tally;
 };
 
-// The text of a file of games with the value of the position behind each move, as White sees it, by the
-// network `table` and its calibration: in place of the [%eval ...] of the move's comments, or in a comment of
-// its own behind the move. Nothing else is changed. A game of which the utility cannot play every move stays
-// as it is, and so does a move to a position that has no expected score, but for a [%eval ...] of its
-// comments, which is taken out. Throws a Fault for a file that cannot be read or holds no games.
-Annotation annotateGames(const std::string& file, const NetworkTable& table, const Calibration& calibration,
+// What gives the values.
+struct AnnotatingNetwork {
+  const NetworkTable& table;
+  const Calibration& calibration;
+  // Of one line, without quotes and brackets; it begins with the name of the program and a blank.
+  std::string signature;
+};
+
+// The text of a file of games with the value of the position behind each move, as White sees it: in place of
+// the [%eval ...] of the move's comment, or in front of all commands in that comment, or in a comment of its
+// own behind the move; a comment behind a
+// semicolon gets braces for it. Moves are read by the rules of chess, up to one that cannot be played; where there is no
+// value, behind that, in variations, and behind a move to a position that has no expected score, every
+// [%eval ...] is taken out. An Annotator tag of games with values gets the signature. Nothing else is changed.
+// Throws a Fault for a file that cannot be read or holds no games.
+Annotation annotateGames(const std::string& file, const AnnotatingNetwork& network,
                          const ShowProgress& showProgress);
 
-// How many games were annotated, and how many were not and why, each in a line without its end.
+// How many games were annotated, and how many not to their end and why, each in a line without its end.
 std::vector<std::string> annotationLines(const AnnotationTally& tally);
 
 }  // namespace quorvane::inspect

@@ -12,11 +12,10 @@ std::vector<std::string> annotationLines(const AnnotationTally& tally) {
   }
   if (tally.withoutValues != 0)
     lines.push_back(counted(tally.withoutValues, "game") + " without a move to value");
-  for (const auto& [oddity, left] : tally.left) {
-    lines.push_back(counted(left.games, "game") + " left as before: " + wordsOf(oddity).text +
-                    (left.games == 1 ? " (game " : " (first in game ") + std::to_string(left.first) +
-                    ", ply " + std::to_string(left.verdict.ply) + ", " +
-                    printable(left.verdict.token, longestToken) + ")");
+  for (const auto& [fault, unread] : tally.unread) {
+    lines.push_back(counted(unread.games, "game") + " without values behind a move that " + textOf(fault) +
+                    (unread.games == 1 ? " (game " : " (first in game ") + std::to_string(unread.first) +
+                    ", ply " + std::to_string(unread.ply) + ", " + printable(unread.san, longestToken) + ")");
   }
   return lines;
 }

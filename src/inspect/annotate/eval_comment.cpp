@@ -8,6 +8,12 @@
 
 namespace quorvane::inspect {
 
+namespace {
+
+constexpr std::string_view whiteSpace = " \t\n\v\f\r";
+
+}  // namespace
+
 // lichess.org/page/accuracy has, for a value of cp centipawns,
 //
 //   Win% = 50 + 50 (2 / (1 + exp(-0.00368208 cp)) - 1)
@@ -31,7 +37,6 @@ std::string evalCommand(double pawns) {
 
 std::vector<Stretch> evalCommandsIn(std::string_view comment) {
   constexpr std::string_view opening = "[%eval";
-  constexpr std::string_view whiteSpace = " \t\n\v\f\r";
   std::vector<Stretch> commands;
   for (std::size_t begin = 0; (begin = comment.find(opening, begin)) != std::string_view::npos;) {
     const std::size_t behind = begin + opening.size();
@@ -44,11 +49,24 @@ std::vector<Stretch> evalCommandsIn(std::string_view comment) {
   return commands;
 }
 
-bool isGlyph(std::string_view token) {
-  if (token.starts_with('$')) {
-    return token.size() > 1 && token.find_first_not_of("0123456789", 1) == std::string_view::npos;
-  }
-  return token.find_first_not_of("!?") == std::string_view::npos;
+Stretch withItsSpace(std::string_view text, Stretch command) {
+  const auto isSpace = [&](std::size_t at) { return whiteSpace.find(text[at]) != std::string_view::npos; };
+  const auto grow = [&](Stretch stretch) {
+    while (stretch.begin > 0 && isSpace(stretch.begin - 1)) --stretch.begin;
+    while (stretch.end < text.size() && isSpace(stretch.end)) ++stretch.end;
+    return stretch;
+  };
+  const Stretch all = grow(command);
+  const bool opens = all.begin > 0 && text[all.begin - 1] == '{';
+  const bool closes = all.end < text.size() && text[all.end] == '}';
+  if (opens && closes) return {grow({all.begin - 1, all.end}).begin, all.end + 1};
+  return closes ? Stretch{all.begin, command.end} : Stretch{command.begin, all.end};
+}
+
+std::size_t evalPlaceIn(std::string_view comment) {
+  const std::size_t command = comment.find("[%");
+  if (command != std::string_view::npos) return command;
+  return std::min(comment.find_first_not_of(whiteSpace, 1), comment.size());
 }
 
 }  // namespace quorvane::inspect

@@ -26,8 +26,12 @@ struct Stretch {
 // All such commands in a comment, whatever value they give.
 std::vector<Stretch> evalCommandsIn(std::string_view comment);
 
-// Is the token an annotation glyph, such as $1 or !?
-bool isGlyph(std::string_view token);
+// What goes with such a command where nothing takes its place: the blanks in front of it or behind it, and a
+// comment that holds nothing else.
+Stretch withItsSpace(std::string_view text, Stretch command);
+
+// Where a comment in braces gets one: in front of its first command, or of all if it has none.
+std::size_t evalPlaceIn(std::string_view comment);
 
 }  // namespace quorvane::inspect
 

@@ -76,6 +76,19 @@ GameText loadGameText(const std::string& fileName) {
   return text;
 }
 
+GameParts GamePartsReader::next() {
+  GameParts parts;
+  TextBuilder ignored;
+  while (reader.atTag()) {
+    const TokenPlace tag = reader.readTag(ignored);
+    parts.tags.push_back(between(tag.begin, tag.end));
+  }
+  std::vector<TokenPlace> tokens;
+  reader.readTokens(ignored, tokens);
+  if (!tokens.empty()) parts.moves = between(tokens.front().begin, tokens.back().end);
+  return parts;
+}
+
 std::string tagValue(const PgnGame& game, std::string_view name) {
   for (std::size_t index = 0; index < game.tags.size(); ++index) {
     const std::string_view tag = game.tags[index];

@@ -6,8 +6,10 @@
 #include <sstream>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "pgn/pgn_database.h"
+#include "pgn/token_reader.h"
 
 namespace quorvane::inspect {
 
@@ -26,6 +28,28 @@ struct GameText {
 
 // The same as loadGames, with the bytes. Reads the file once, and so takes a pipe as well.
 GameText loadGameText(const std::string& fileName);
+
+// Where the parts of a game stand in its file.
+struct GameParts {
+  std::vector<std::string_view> tags;  // with their brackets
+  std::string_view moves;              // all that stands behind them, comments included
+};
+
+// Finds the parts of the games, one after the other, as the database has cut them.
+class GamePartsReader {
+ public:
+  // From the beginning of its bytes; `games` must outlive the reader and the parts.
+  explicit GamePartsReader(GameText& games) : text(games.bytes.view()), reader(games.bytes) {}
+  GameParts next();
+
+ private:
+  std::string_view between(std::uint64_t begin, std::uint64_t end) const {
+    return text.substr(static_cast<std::size_t>(begin), static_cast<std::size_t>(end - begin));
+  }
+
+  std::string_view text;
+  TokenReader reader;
+};
 
 std::int32_t gameCount(PgnDatabase& games);
 

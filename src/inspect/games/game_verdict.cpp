@@ -108,10 +108,4 @@ GameVerdict judgeGame(PgnGame& game, const QuietPositions::Visit& visit) {
   return verdict;
 }
 
-GameVerdict judgeMoves(PgnGame& game) {
-  GameVerdict verdict;
-  MoveReview(game, true).judge(verdict);
-  return verdict;
-}
-
 }  // namespace quorvane::inspect

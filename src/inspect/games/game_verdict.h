@@ -27,10 +27,6 @@ struct GameVerdict {
 // board.
 GameVerdict judgeGame(PgnGame& game, const QuietPositions::Visit& visit);
 
-// What is odd about the moves of a game, whatever its result, its length and its samples: the fields
-// `oddity`, none where all can be played, `token` and `ply`. The board is left at the end of what could.
-GameVerdict judgeMoves(PgnGame& game);
-
 }  // namespace quorvane::inspect
 
 #endif  // QUORVANE_INSPECT_GAMES_GAME_VERDICT_H_

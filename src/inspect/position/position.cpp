@@ -6,7 +6,9 @@
 #include "board/piece.h"
 #include "inspect/common/fault.h"
 #include "inspect/common/game_files.h"
+#include "inspect/common/text_columns.h"
 #include "inspect/position/fen_fault.h"
+#include "inspect/position/san.h"
 
 namespace quorvane::inspect {
 
@@ -34,28 +36,32 @@ Origin Position::setFen(const std::string& fen, Rules rules) {
 }
 
 Origin Position::setGame(const std::string& fileName, std::int32_t number, std::int32_t plies) {
-  PgnDatabase database = loadGames(fileName);
-  PgnGame* const game = database.game(number - 1);
+  GameText games = loadGameText(fileName);
+  const PgnGame* const game = games.database.game(number - 1);
   if (game == nullptr) {
     throw Fault(fileName, "has no game " + std::to_string(number) + "; the last is " +
-                              std::to_string(gameCount(database)));
+                              std::to_string(gameCount(games.database)));
   }
+  GamePartsReader parts(games);
+  for (std::int32_t before = 1; before < number; ++before) parts.next();
+  MoveText text(parts.next().moves);
   const std::string place = "game " + std::to_string(number);
   Origin origin{{}, tagValue(*game, "White"), tagValue(*game, "Black"), {}};
   setupPosition(game->placement, game->sideToMove);
-  for (std::int32_t ply = 1; ply <= plies; ++ply) {
-    DecodedMove move;
-    if (!game->nextMove(move)) {
-      throw Fault(fileName, place + " has no ply " + std::to_string(plies) + "; the last is " +
-                                std::to_string(ply - 1));
+  for (std::int32_t played = 0; played < plies;) {
+    const std::optional<MoveElement> element = text.next();
+    if (!element) {
+      throw Fault(fileName,
+                  place + " has no ply " + std::to_string(plies) + "; the last is " + std::to_string(played));
     }
-    if (!playGameMove(move)) {
-      throw Fault(fileName, place + " has a move that cannot be played, ply " + std::to_string(ply));
+    if (const SanFault fault = SanMoves::play(*element); fault != SanFault::none) {
+      throw Fault(fileName, place + " can be read up to ply " + std::to_string(played) + "; the next move, " +
+                                printable(element->text, longestToken) + ", " + textOf(fault));
     }
-    if (ply != plies) continue;
-    const std::int32_t before = ply - 1 + (game->sideToMove == black ? 1 : 0);
+    if (element->kind != MoveElement::move || ++played != plies) continue;
+    const std::int32_t before = played - 1 + (game->sideToMove == black ? 1 : 0);
     origin.move = std::to_string(before / 2 + 1) + (before % 2 == 0 ? ". " : "... ");
-    origin.move += game->tokens[static_cast<std::size_t>(game->tokenCursor - 1)];
+    origin.move += element->text;
   }
   origin.fen = BoardFen::text();
   return origin;

@@ -34,8 +34,8 @@ class Position : public Board {
   // Throws a Fault that tells why the text is refused.
   static Origin setFen(const std::string& fen, Rules rules);
 
-  // The position of the file's game `number`, from 1, behind its first `plies` moves. Throws a Fault if there
-  // is no such game or no such ply.
+  // The position of the file's game `number`, from 1, behind its first `plies` moves, read by the rules of
+  // chess. Throws a Fault if there is no such game or no such ply.
   static Origin setGame(const std::string& fileName, std::int32_t number, std::int32_t plies);
 
   // The position on the board, which must have been set up.
