@@ -9,7 +9,7 @@ int main(int count, char** arguments) {
   int status;
   if (count != 3) return 2;
   network = quorvane_network_open(arguments[1], error, sizeof error);
-  if (!network) return fprintf(stderr, "%s: %s\n", arguments[1], error), 1;
+  if (!network) return fprintf(stderr, "%s\n", error), 1;
   status = quorvane_evaluate_fen(network, arguments[2], &value);
   quorvane_network_close(network);
   if (status) return fprintf(stderr, "%s: %s\n", arguments[2], quorvane_status_text(status)), 1;

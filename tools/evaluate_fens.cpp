@@ -27,7 +27,7 @@ int main(int count, char** arguments) {
   char error[200];
   quorvane_network* const network = quorvane_network_open(arguments[1], error, sizeof error);
   if (network == nullptr) {
-    std::fprintf(stderr, "%s: %s\n", arguments[1], error);
+    std::fprintf(stderr, "%s\n", error);
     return 1;
   }
   for (std::string fen; std::getline(std::cin, fen);) {

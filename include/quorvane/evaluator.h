@@ -69,16 +69,17 @@ QUORVANE_API const char* quorvane_status_text(int status) QUORVANE_NOEXCEPT;
 typedef struct quorvane_network quorvane_network;
 
 /* Reads the network file `path`, UTF-8, whole and strictly: what quorvane-learn has learned is taken, a file
- * that is cut short or damaged, or has a weight that is no finite number, is not. Null on failure, with the
- * reason in `error`, one line, cut to `error_size` bytes with the NUL behind it; `error` may be null if
- * `error_size` is 0. The caller closes the network. */
+ * that is cut short or damaged, or has a weight that is no finite number, is not. Null on failure, with the file
+ * and the reason in `error`, one line ("network.dat: cannot be opened: No such file or directory"), cut to
+ * `error_size` bytes with the NUL behind it; `error` may be null if `error_size` is 0. The caller closes the
+ * network. */
 QUORVANE_API quorvane_network* quorvane_network_open(const char* path, char* error,
                                                      size_t error_size) QUORVANE_NOEXCEPT;
 
 /* Frees the network; nothing happens with null. Its caches go first. */
 QUORVANE_API void quorvane_network_close(quorvane_network* network) QUORVANE_NOEXCEPT;
 
-/* 1 if the network has patterns for positions of `type`, else 0: all of them are worth 0 then. */
+/* 1 if the network has patterns for positions of `type`, else 0: all of them are worth 0 then, as a draw is. */
 QUORVANE_API int quorvane_network_knows(const quorvane_network* network, int type) QUORVANE_NOEXCEPT;
 
 typedef struct quorvane_cache quorvane_cache;
@@ -129,12 +130,24 @@ typedef struct quorvane_position {
  * is not looked at; none of it makes a difference to a value. A FEN does not tell who has castled: nobody. */
 QUORVANE_API int quorvane_read_fen(const char* fen, quorvane_position* position) QUORVANE_NOEXCEPT;
 
+/* Takes a side for one that has castled where it looks like it, and for one that has not where it does not: with
+ * the king on g1 or c1, a rook of its own beside it towards the centre, and none on the corner of that wing; the
+ * same for Black on the eighth rank. Nearer to the game than "nobody", for a FEN in the middle of one. */
+QUORVANE_API int quorvane_guess_castled(quorvane_position* position) QUORVANE_NOEXCEPT;
+
 /* The type of a position by its material, 0 to 13; each type was learned on its own. */
 QUORVANE_API int quorvane_position_type(const quorvane_position* position, int* type) QUORVANE_NOEXCEPT;
 
 /* ---- Values ---- */
 
-/* The value of a position, as the side to move sees it. */
+/* 1 if the network has patterns for the type of the position, else 0, also for what is no position: a value of
+ * 0 is none then. A table lookup beside the evaluation. */
+QUORVANE_API int quorvane_network_knows_position(const quorvane_network* network,
+                                                 const quorvane_position* position) QUORVANE_NOEXCEPT;
+
+/* The value of a position, as the side to move sees it. It is 0, with the status QUORVANE_OK, also where the
+ * network has no patterns for the type of the position, mostly in endings of few pieces: no draw, but nothing
+ * known. quorvane_network_knows_position tells the one from the other. */
 QUORVANE_API int quorvane_evaluate(const quorvane_network* network, const quorvane_position* position,
                                    double* value) QUORVANE_NOEXCEPT;
 QUORVANE_API int quorvane_evaluate_fen(const quorvane_network* network, const char* fen,

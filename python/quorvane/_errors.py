@@ -9,6 +9,18 @@ class NetworkError(ValueError):
     __module__ = "quorvane"
 
 
+class NetworkFileError(OSError, NetworkError):
+    """A network file that the system does not let anybody read."""
+
+    __module__ = "quorvane"
+
+
+class MissingNetworkError(FileNotFoundError, NetworkError):
+    """A network file that is not there."""
+
+    __module__ = "quorvane"
+
+
 class PositionError(ValueError):
     """A position that has no value.
 

@@ -85,6 +85,8 @@ _declare("quorvane_network_knows", c_int, c_void_p, c_int)
 _declare("quorvane_cache_new", c_void_p, c_void_p)
 _declare("quorvane_cache_free", None, c_void_p)
 _declare("quorvane_read_fen", c_int, c_char_p, POINTER(Position))
+_declare("quorvane_network_knows_position", c_int, c_void_p, POINTER(Position))
+_declare("quorvane_guess_castled", c_int, POINTER(Position))
 _declare("quorvane_position_type", c_int, POINTER(Position), POINTER(c_int))
 _declare("quorvane_evaluate_cached", c_int, c_void_p, POINTER(Position), POINTER(c_double))
 _declare(

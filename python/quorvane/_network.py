@@ -10,15 +10,23 @@ from itertools import groupby, islice
 from types import TracebackType
 from typing import Any, NoReturn
 
-from ._errors import NetworkError, refused
+from ._errors import MissingNetworkError, NetworkError, NetworkFileError, refused
 from ._explanation import Explanation, explanation_of
-from ._library import Worth, library, status_text
-from ._positions import NUL_IN_FEN, Board, GivenPosition, encoded, read_board, read_position
+from ._library import Position, Worth, library, status_text
+from ._positions import NUL_IN_FEN, GivenPosition, encoded, read_position
 
 
-def open_network(file: str | bytes | os.PathLike[str] | os.PathLike[bytes]) -> Network:
-    """Reads a network file. Raises NetworkError if there is none, or if it is damaged."""
-    return Network(file)
+def open_network(
+    file: str | bytes | os.PathLike[str] | os.PathLike[bytes], *, guess_castled: bool = False
+) -> Network:
+    """Reads a network file.
+
+    With `guess_castled`, a side of a FEN counts as having castled where it looks like it: the king on g1 or c1, a rook
+    of its own beside it towards the centre, and none on the corner of that wing. Else nobody has castled in a FEN.
+    Raises NetworkError if the file is damaged; if it is not there, one that is a FileNotFoundError as well, and an
+    OSError if the system does not let it be read.
+    """
+    return Network(file, guess_castled=guess_castled)
 
 
 class _Handle:
@@ -46,21 +54,29 @@ class Network:
     Once it is closed all that it is asked raises NetworkError, but for closing it again, which does nothing.
     """
 
-    def __init__(self, file: str | bytes | os.PathLike[str] | os.PathLike[bytes]) -> None:
+    def __init__(
+        self, file: str | bytes | os.PathLike[str] | os.PathLike[bytes], *, guess_castled: bool = False
+    ) -> None:
         self._name = os.fsdecode(file)
+        self._guess_castled = guess_castled
         path = os.fsencode(file)
         if b"\0" in path:
             raise _complaint(self._name, "the name of a file holds no NUL character")
         error = create_string_buffer(512)
         pointer = library.quorvane_network_open(path, error, len(error))
         if pointer is None:
-            raise _complaint(self._name, error.value.decode(errors="replace"))
+            _raise_what_the_system_says(path, self._name)
+            raise NetworkError(os.fsdecode(error.value).encode(errors="backslashreplace").decode())
         self._network: _Handle | None = _Handle(pointer, library.quorvane_network_close)
         self._caches = threading.local()  # one thread at a time may use a cache
 
     def evaluate(self, position: GivenPosition) -> float:
-        """The value of a FEN or a board, as the side to move sees it. Raises PositionError if it has none."""
-        return _evaluate(self._cache(), position)
+        """The value of a FEN or a board, as the side to move sees it. Raises PositionError if it has none.
+
+        It is 0 also where the network has no patterns for such positions, mostly in endings of few pieces; that is no
+        draw, and `knows(position)` tells.
+        """
+        return self._evaluate(self._cache(), position)
 
     def evaluate_many(self, positions: Iterable[GivenPosition]) -> list[float]:
         """The values of many FENs or boards in their order, each as `evaluate` gives it.
@@ -75,29 +91,34 @@ class Network:
         values: list[float] = []
         while batch := list(islice(remaining, _BATCH)):
             for are_fens, run in groupby(batch, _is_fen):
-                if are_fens:
+                if are_fens and not self._guess_castled:
                     _evaluate_fens(cache, list(run), values)  # type: ignore[arg-type]
                 else:
-                    _evaluate_boards(cache, run, values)  # type: ignore[arg-type]
+                    self._evaluate_each(cache, run, values)
         return values
 
     def explain(self, position: GivenPosition) -> Explanation:
         """What each piece of a FEN or a board is worth, and by which features."""
         network = self._open()
         worth = Worth()
-        _check(library.quorvane_explain(network, byref(read_position(position)), byref(worth)), position)
+        _check(library.quorvane_explain(network, byref(self._read(position)), byref(worth)), position)
         return explanation_of(worth)
 
     def position_type(self, position: GivenPosition) -> int:
         """The type of a FEN or a board by its material, 0 to 13; each type was learned on its own."""
         self._open()
         position_type = c_int()
-        _check(library.quorvane_position_type(byref(read_position(position)), byref(position_type)), position)
+        _check(library.quorvane_position_type(byref(self._read(position)), byref(position_type)), position)
         return position_type.value
 
-    def knows(self, position_type: int) -> bool:
-        """Whether the network has patterns for positions of a type; all of them are worth 0 if not."""
-        return bool(library.quorvane_network_knows(self._open(), position_type))
+    def knows(self, position_or_type: GivenPosition | int) -> bool:
+        """Whether the network has patterns for a position, or for all of a type; the value of such is 0 if not.
+
+        Raises PositionError for what is no position.
+        """
+        if not isinstance(position_or_type, int):
+            position_or_type = self.position_type(position_or_type)
+        return bool(library.quorvane_network_knows(self._open(), position_or_type))
 
     @property
     def name(self) -> str:
@@ -133,6 +154,27 @@ class Network:
             raise _complaint(self._name, "the network is closed")
         return network
 
+    def _read(self, given: GivenPosition) -> Position:
+        position = read_position(given)
+        if self._guess_castled and _is_fen(given):
+            library.quorvane_guess_castled(byref(position))  # what has no value is refused where it is used
+        return position
+
+    def _evaluate(self, cache: _Handle, position: GivenPosition, index: int | None = None) -> float:
+        value = c_double()
+        status = library.quorvane_evaluate_cached(cache, byref(self._read(position)), byref(value))
+        if status != 0:
+            raise refused(status_text(status), position, index)
+        return value.value
+
+    def _evaluate_each(self, cache: _Handle, positions: Iterable[GivenPosition], values: list[float]) -> None:
+        for position in positions:
+            index = len(values)
+            try:
+                values.append(self._evaluate(cache, position, index))
+            except TypeError as error:
+                raise TypeError(f"position {index}: {error}") from error
+
     def _cache(self) -> _Handle:
         """The cache of this thread."""
         caches = self._caches  # before the network: a close in between takes the cache along
@@ -155,6 +197,17 @@ def _complaint(name: str, reason: str) -> NetworkError:
     return NetworkError(f"{name.encode(errors='backslashreplace').decode()}: {reason}")
 
 
+def _raise_what_the_system_says(path: bytes, name: str) -> None:
+    """Raises what keeps a file from being opened, if the system does."""
+    try:
+        os.close(os.open(path, os.O_RDONLY | getattr(os, "O_NONBLOCK", 0)))  # waits for nobody at a pipe
+    except FileNotFoundError as error:
+        raise MissingNetworkError(error.errno, error.strerror, name) from None
+    except OSError as error:
+        if not os.path.isdir(path):
+            raise NetworkFileError(error.errno, error.strerror, name) from None
+
+
 def _is_fen(position: GivenPosition) -> bool:
     return isinstance(position, str)
 
@@ -162,23 +215,6 @@ def _is_fen(position: GivenPosition) -> bool:
 def _check(status: int, position: GivenPosition) -> None:
     if status != 0:
         raise refused(status_text(status), position)
-
-
-def _evaluate(cache: _Handle, position: GivenPosition, index: int | None = None) -> float:
-    value = c_double()
-    status = library.quorvane_evaluate_cached(cache, byref(read_position(position)), byref(value))
-    if status != 0:
-        raise refused(status_text(status), position, index)
-    return value.value
-
-
-def _evaluate_boards(cache: _Handle, boards: Iterable[Board], values: list[float]) -> None:
-    for board in boards:
-        index = len(values)
-        try:
-            values.append(_evaluate(cache, board, index))
-        except TypeError as error:
-            raise TypeError(f"position {index}: {error}") from error
 
 
 def _evaluate_fens(cache: _Handle, fens: list[str], values: list[float]) -> None:

@@ -7,6 +7,7 @@
 #include <string_view>
 #include <utility>
 
+#include "board/castled_guess.h"
 #include "configurations/bit_names.h"
 #include "configurations/position_type.h"
 #include "evaluator/given_position.h"
@@ -33,6 +34,17 @@ void putText(std::string_view text, char* place, std::size_t size) {
   const std::size_t length = std::min(text.size(), size - 1);
   std::memcpy(place, text.data(), length);
   place[length] = '\0';
+}
+
+// Without an allocation, which might fail.
+void putFault(std::string_view file, std::string_view reason, char* place, std::size_t size) {
+  if (place == nullptr) return;
+  for (const std::string_view part : {file, std::string_view(": "), reason}) {
+    putText(part, place, size);
+    const std::size_t length = std::min(part.size(), size == 0 ? 0 : size - 1);
+    place += length;
+    size -= length;
+  }
 }
 
 // By a network's own patterns or by a cache.
@@ -96,9 +108,9 @@ quorvane_network* quorvane_network_open(const char* path, char* error, size_t er
   } catch (const std::bad_alloc&) {
     putText(quorvane_status_text(QUORVANE_OUT_OF_MEMORY), error, error_size);
   } catch (const std::exception& fault) {
-    putText(fault.what(), error, error_size);
+    putFault(path, fault.what(), error, error_size);
   } catch (...) {
-    putText("cannot be read", error, error_size);
+    putFault(path, "cannot be read", error, error_size);
   }
   return nullptr;
 }
@@ -109,6 +121,12 @@ void quorvane_network_close(quorvane_network* network) noexcept {
 
 int quorvane_network_knows(const quorvane_network* network, int type) noexcept {
   return network != nullptr && isType(type) && network->learned.knows(type) ? 1 : 0;
+}
+
+int quorvane_network_knows_position(const quorvane_network* network,
+                                    const quorvane_position* position) noexcept {
+  int type = 0;
+  return quorvane_position_type(position, &type) == QUORVANE_OK ? quorvane_network_knows(network, type) : 0;
 }
 
 quorvane_cache* quorvane_cache_new(const quorvane_network* network) noexcept {
@@ -127,6 +145,16 @@ void quorvane_cache_free(quorvane_cache* cache) noexcept {
 int quorvane_read_fen(const char* fen, quorvane_position* position) noexcept {
   if (fen == nullptr || position == nullptr) return QUORVANE_NULL_POINTER;
   return readFen(fen, *position);
+}
+
+int quorvane_guess_castled(quorvane_position* position) noexcept {
+  if (position == nullptr) return QUORVANE_NULL_POINTER;
+  PositionSets sets;
+  const quorvane_status status = readPosition(*position, sets);
+  if (status != QUORVANE_OK) return status;
+  position->white_castled = looksCastled(sets.pieces, white) ? 1 : 0;
+  position->black_castled = looksCastled(sets.pieces, black) ? 1 : 0;
+  return QUORVANE_OK;
 }
 
 int quorvane_position_type(const quorvane_position* position, int* type) noexcept {

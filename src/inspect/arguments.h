@@ -27,6 +27,7 @@ struct Arguments {
   std::string fen;
   std::string fens;  // a file with one FEN a line, "-" for standard input
   bool lenient = false;
+  bool guessCastling = false;
   std::string gameFile;
   std::int32_t game = 1;
   std::int32_t ply = 0;

@@ -58,6 +58,10 @@ void addExplain(CLI::App& explain, Arguments& arguments) {
   CLI::Option* const file =
       source.add_option("--pgn", arguments.gameFile, "The position from a game of this file");
   explain.add_flag("--lenient", arguments.lenient, "Take every FEN that the utility takes")->excludes(file);
+  explain
+      .add_flag("--guess-castling", arguments.guessCastling,
+                "Take a side of a FEN for one that has castled where it looks like it")
+      ->excludes(file);
   explain.add_option("--game", arguments.game, "Which game of the file, from 1")
       ->needs(file)
       ->check(CLI::Range(1, largestNumber));

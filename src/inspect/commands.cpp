@@ -91,7 +91,8 @@ std::string signatureOf(const std::string& network) {
 }
 
 Origin setFen(const std::string& fen, const Arguments& arguments) {
-  return Position::setFen(fen, arguments.lenient ? Position::Rules::lenient : Position::Rules::chess);
+  const auto rules = arguments.lenient ? Position::Rules::lenient : Position::Rules::chess;
+  return Position::setFen(fen, rules, arguments.guessCastling);
 }
 
 // A line of JSON for each line of the input. Throws at the end if any was refused.

@@ -1,6 +1,7 @@
 #include "network/strict_network.h"
 
 #include <bit>
+#include <cerrno>
 #include <cmath>
 #include <cstdint>
 #include <filesystem>
@@ -93,7 +94,7 @@ NetworkTable readStrictly(const std::string& name) {
   std::error_code error;
   if (std::filesystem::is_directory(path, error)) throw DamagedNetwork("is a folder");
   std::ifstream file(path, std::ios::binary);
-  if (!file) throw DamagedNetwork("cannot be opened");
+  if (!file) throw DamagedNetwork("cannot be opened: " + std::generic_category().message(errno));
   return readStrictly(file);
 }
 

@@ -151,6 +151,13 @@ TEST_F(EvaluatorOnBoard, TakesNullPointersAndNamesOutOfRange) {
   EXPECT_EQ(quorvane_network_knows(nullptr, 6), 0);
   EXPECT_EQ(quorvane_network_knows(laws.opened(), 14), 0);
   EXPECT_EQ(quorvane_network_knows(laws.opened(), 13), 1);
+  EXPECT_EQ(quorvane_guess_castled(nullptr), QUORVANE_NULL_POINTER);
+  EXPECT_EQ(quorvane_guess_castled(&position), QUORVANE_KING_COUNT);
+  EXPECT_EQ(quorvane_network_knows_position(laws.opened(), nullptr), 0);
+  EXPECT_EQ(quorvane_network_knows_position(laws.opened(), &position), 0);
+  ASSERT_EQ(quorvane_read_fen(usualFen.c_str(), &position), QUORVANE_OK);
+  EXPECT_EQ(quorvane_network_knows_position(laws.opened(), &position), 1);
+  EXPECT_EQ(quorvane_network_knows_position(nullptr, &position), 0);
 
   EXPECT_STREQ(quorvane_feature_name(4, QUORVANE_WHITE_PAWN, 6), "outruns the enemy king");
   for (const auto& [piece, bit] : {std::pair{0, 9}, {6, 0}, {-1, 0}, {16, 0}, {0, 32}, {0, -1}})
@@ -163,10 +170,10 @@ TEST(EvaluatorNetworks, AreRefusedWithAReason) {
   const TemporaryFolder folder;
   writeFile("short.dat", networkBytes({1, 0, 1}));
   writeFile("text.dat", "what is this?");
-  for (const auto& [name, reason] : {std::pair("short.dat", "is cut short at byte 12"),
-                                     {"text.dat", "is no network file of version 1"},
-                                     {".", "is a folder"},
-                                     {"none.dat", "cannot be opened"},
+  for (const auto& [name, reason] : {std::pair("short.dat", "short.dat: is cut short at byte 12"),
+                                     {"text.dat", "text.dat: is no network file of version 1"},
+                                     {".", ".: is a folder"},
+                                     {"none.dat", "none.dat: cannot be opened: No such file or directory"},
                                      {nullptr, "a pointer is null that may not be"}}) {
     char error[100] = "";
     EXPECT_EQ(quorvane_network_open(name, error, sizeof error), nullptr) << reason;
@@ -174,7 +181,7 @@ TEST(EvaluatorNetworks, AreRefusedWithAReason) {
   }
   char little[6] = "*****";
   EXPECT_EQ(quorvane_network_open("short.dat", little, 5), nullptr);
-  EXPECT_EQ(std::string(little, sizeof little), std::string("is c\0\0", 6));
+  EXPECT_EQ(std::string(little, sizeof little), std::string("shor\0\0", 6));
   EXPECT_EQ(quorvane_network_open("short.dat", nullptr, 100), nullptr);
 }
 

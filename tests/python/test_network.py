@@ -4,6 +4,7 @@ from __future__ import annotations
 
 import copy
 import doctest
+import errno
 import gc
 import os
 import pickle
@@ -62,8 +63,8 @@ def test_names_of_files(random_network, tmp_path):
                 assert network.knows(6)
     (tmp_path / "cut.dat").write_bytes(content[:-13])
     for given, reason in {
-        tmp_path / "none": "none: cannot be opened",
-        b"\xff": "cannot be opened",
+        tmp_path / "none": "No such file.*none",
+        b"\xff": "No such file",
         tmp_path: "folder",
         tmp_path / "cut.dat": "cut.dat: .*cut short",
         "a\0b": "NUL",
@@ -71,6 +72,13 @@ def test_names_of_files(random_network, tmp_path):
         with pytest.raises(quorvane.NetworkError, match=reason) as caught:
             quorvane.open_network(given)
         str(caught.value).encode()
+    with pytest.raises(FileNotFoundError) as missing:
+        quorvane.open_network("none")
+    assert (missing.value.errno, missing.value.filename) == (errno.ENOENT, "none")
+    with pytest.raises(OSError, match="Too many|loop|symbolic") as looping:
+        os.symlink("loop", tmp_path / "loop")
+        quorvane.open_network(tmp_path / "loop")
+    assert isinstance(looping.value, quorvane.NetworkError)
     assert issubclass(quorvane.NetworkError, ValueError) and issubclass(quorvane.PositionError, ValueError)
 
 

@@ -3,6 +3,7 @@
 #include <cassert>
 
 #include "board/board_fen.h"
+#include "board/castled_guess.h"
 #include "board/piece.h"
 #include "inspect/common/fault.h"
 #include "inspect/common/game_files.h"
@@ -12,7 +13,7 @@
 
 namespace quorvane::inspect {
 
-Origin Position::setFen(const std::string& fen, Rules rules) {
+Origin Position::setFen(const std::string& fen, Rules rules, bool guessCastling) {
   const std::string given = "FEN \"" + fen + "\"";
   const auto refuse = [&](const std::string& wrong) {
     if (!wrong.empty()) throw Fault(given, wrong);
@@ -32,6 +33,8 @@ Origin Position::setFen(const std::string& fen, Rules rules) {
   }
   setupPosition(game.placement, game.sideToMove);
   if (rules == Rules::chess) refuse(PositionFault::text());
+  for (const Side side : {black, white})
+    static_cast<King*>(kings[side])->castled = guessCastling && looksCastled(squaresOf, side);
   return {fen, {}, {}, {}};
 }
 
