@@ -35,7 +35,7 @@ void addCalibration(CLI::App& command, Arguments& arguments) {
 }
 
 void addShow(CLI::App& show, Arguments& arguments) {
-  addNetwork(show, arguments, "network");
+  addNetwork(show, arguments, "network,--network");
   show.add_option("--type", arguments.type, "Only this position type, 0 to 13")
       ->check(CLI::Range(0, lastPositionType));
   std::vector<std::string> kinds;
@@ -49,7 +49,7 @@ void addShow(CLI::App& show, Arguments& arguments) {
 }
 
 void addExplain(CLI::App& explain, Arguments& arguments) {
-  addNetwork(explain, arguments, "network");
+  addNetwork(explain, arguments, "network,--network");
   CLI::Option_group& source = *explain.add_option_group("position");
   source.require_option(1);
   source.add_option("--fen", arguments.fen, "The position as FEN");
@@ -100,7 +100,7 @@ void addAnnotate(CLI::App& annotate, Arguments& arguments) {
 }
 
 void addReport(CLI::App& report, Arguments& arguments) {
-  addNetwork(report, arguments, "network");
+  addNetwork(report, arguments, "network,--network");
   report.add_option("-o,--output", arguments.output, "The page to write")->required();
   report.add_option("--validate", arguments.files, "Files of games to measure the network on");
   report.add_option("--learned-from", arguments.learnedFrom,

@@ -6,7 +6,7 @@ set -eu
 project=$(realpath "$1") program=$(realpath "$2")
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
-mkdir -p "$work"/{bin,here,project/{src,tools,build/release/src}}
+mkdir -p "$work"/{bin,here,project/{src,tools,build/release/src/inspect}}
 cd "$work/here"
 cp "$project"/{run,CMakeLists.txt,readme.txt} ../project
 echo '#!/bin/sh' | tee ../project/tools/install-packages >../bin/cmake
@@ -31,7 +31,10 @@ building="Building the utility in $work/project/build/release; the first time th
 touch ../project/broken
 expect 'a build that fails' 1 "$building"$'\n[ 50%] Building\nrun: the build failed'
 rm ../project/broken
-expect 'a first build' 2 "$building"$'\n'"$missing"
+without="Without quorvane-inspect; for it: tools/install-packages libcli11-dev nlohmann-json3-dev && \
+rm -r $work/project/build/release"
+expect 'a first build' 2 "$building"$'\n'"$without"$'\n'"$missing"
+ln -s "$program" ../project/build/release/src/inspect/quorvane-inspect
 expect 'nothing to build' 2 "$missing"
 touch ../project/src/console.cpp
 expect 'sources that have changed' 2 $'Building the utility anew, as its sources have changed\n'"$missing"
