@@ -3,11 +3,14 @@
 import assert from "node:assert/strict";
 import test from "node:test";
 
+import { countBySize } from "../../src/inspect/report/page/counts.mjs";
 import { densityOf, reachOf } from "../../src/inspect/report/page/curves.mjs";
 import { adviceFor, choosePatterns, holdsWords } from "../../src/inspect/report/page/filter.mjs";
 import { fixed, signed } from "../../src/inspect/report/page/format.mjs";
+import { menuOf } from "../../src/inspect/report/page/games.mjs";
+import { verdictOf } from "../../src/inspect/report/page/head.mjs";
 import { meanOf, readModel } from "../../src/inspect/report/page/model.mjs";
-import { expectedScore, moveText } from "../../src/inspect/report/page/position.mjs";
+import { answeredAtOnce, expectedScore, moveText } from "../../src/inspect/report/page/position.mjs";
 import { fullColour, scale, ticks } from "../../src/inspect/report/page/scale.mjs";
 
 const kinds = ["pawn", "queen"];
@@ -25,7 +28,10 @@ const model = readModel({
   pawnEndings: [1, 4],
   pawnEndingBits: namesOf("ending"),
   always: { pawn: 1 << 17 },
-  types: [4, 6].map((type) => ({ type, name: `type ${type}` })),
+  types: [
+    { type: 4, name: "kings and pawns", words: "kings and pawns" },
+    { type: 6, name: "little material", words: "ending" },
+  ],
   lists: [
     { type: 4, kind: "pawn", nodes: [[2, 1]] },
     { type: 6, kind: "pawn", nodes },
@@ -61,6 +67,51 @@ test("patterns that differ only by what always holds are one, and nothing is los
   assert.equal(model.firing(4, "pawn", 2)[0].name, "ending feature 1");
   assert.deepEqual(model.firing(6, "queen", 2), []);
   assert.deepEqual([meanOf(model.meansOf(6, "pawn")), meanOf(model.meansOf(6, "queen"))], [5, null]);
+});
+
+test("the number of patterns on the page is that of its list, one without a feature of its own among them", () => {
+  const counted = countBySize(model.patterns);
+  assert.deepEqual(counted, [4, 1, 0, 0]);
+  assert.equal(counted.reduce((sum, count) => sum + count), model.patterns.length);
+});
+
+test("types are called in words, beside their material where the words do not tell it", () => {
+  assert.deepEqual([4, 6].map(model.describe), ["kings and pawns", "ending (little material)"]);
+});
+
+test("the verdict is a sentence for a player, and claims nothing that was not measured", () => {
+  const all = { decided: 9, network: { rightPercentage: 66.6 }, material: { rightPercentage: 60.2 } };
+  const of = (validation) => verdictOf({ lists: [{}], validation });
+  assert.equal(of({ all }), "Names the winner in 67 of 100 positions; counting material, 60.");
+  assert.equal(of({ all: { ...all, decided: 0 }, verdict: "All drawn." }), "All drawn.");
+  assert.match(of(null), /^How good it is, this page cannot tell/);
+  assert.match(verdictOf({ lists: [], validation: { all } }), /^Nothing was learned/);
+});
+
+test("the page opens on a game in the middle, and every game can be chosen", () => {
+  for (let count = 1; count <= 20; ++count) {
+    const games = Array.from({ length: count }, (_, number) => ({ number, result: 1 }));
+    const { groups, opening } = menuOf(games);
+    const [others, worst] = groups.map(({ entries }) => entries.map(({ index }) => index));
+    assert.deepEqual([...worst, ...others], [...games.keys()]);
+    assert.ok(others.includes(opening) && worst.length <= others.length, `${count}: ${opening}`);
+  }
+  assert.equal(menuOf(Array.from({ length: 20 }, () => ({ result: 0 }))).opening, 14);
+});
+
+test("a capture is answered at once if the next move takes on its square", () => {
+  const steps = [
+    [32, null],
+    [32, [12, 28]],
+    [32, [51, 35]],
+    [31, [28, 35]],
+    [30, [59, 35]],
+    [30, [1, 18]],
+    [29, [35, 8]],
+    [28, [18, 1]],
+  ].map(([pieces, squares]) => ({ words: Array(pieces), squares }));
+  const answered = [...steps.keys()].filter((ply) => answeredAtOnce({ steps }, ply));
+  assert.deepEqual(answered, [3]);
 });
 
 test("moves are counted from the side that begins", () => {
