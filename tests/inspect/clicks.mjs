@@ -33,7 +33,8 @@ const point = (selector, type = "pointerover", place = {}) =>
   one(selector).dispatchEvent(new PointerEvent(type, { bubbles: true, pointerType: "mouse", ...place }));
 const key = (selector, name) => one(selector).dispatchEvent(new KeyboardEvent("keydown", { key: name, bubbles: true }));
 // Where the focus is, as somebody at the keyboard does.
-const press = (name) => document.activeElement.dispatchEvent(new KeyboardEvent("keydown", { key: name, bubbles: true }));
+const press = (name) =>
+  document.activeElement.dispatchEvent(new KeyboardEvent("keydown", { key: name, bubbles: true }));
 const goTo = (ply) => click(`#moves [data-ply="${ply}"]`);
 const enter = (selector, value, type = "input") => {
   one(selector).value = value;
