@@ -62,7 +62,8 @@ const drawQueens = (data, model) => {
   const opening = averages.find(({ type }) => type === data.types.at(-1).type);
   if (!opening) return;
   const most = averages.reduce((best, one) => (one.mean > best.mean ? one : best));
-  const elsewhere = most === opening ? "" : `, and ${signed(most.mean, 1)} in \u201c${model.nameOfType(most.type)}\u201d`;
+  const elsewhere =
+    most === opening ? "" : `, and ${signed(most.mean, 1)} in \u201c${model.nameOfType(most.type)}\u201d`;
   byId("queens").textContent =
     `An average queen shows ${signed(opening.mean, 1)} in the opening${elsewhere}. This is no price list: in the opening both sides have a queen, what both have cancels out, and only where she stands makes a difference.`;
 };
