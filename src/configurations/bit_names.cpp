@@ -161,6 +161,13 @@ const char* typeName(PositionType type) {
   return names[type];
 }
 
+const char* typeInWords(PositionType type) {
+  constexpr Table<const char*, positionTypeCount - firstLearnedType> names = {
+      {"less than a rook each", "a rook and a few pawns each", "rook, minor piece and pawns each",
+       "queen, rook and pawns each", "late middlegame", "middlegame", "early middlegame", "opening"}};
+  return type < firstLearnedType ? typeName(type) : names[type - firstLearnedType];
+}
+
 const char* featureName(PositionType type, std::int32_t kind, ConfigurationWord bit) {
   const Name* const name = nameOf(type, kind, bit);
   return name != nullptr ? name->words : nullptr;

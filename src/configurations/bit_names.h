@@ -10,8 +10,10 @@
 
 namespace quorvane {
 
-// What a position type is, in a few words.
+// What a position type is, in a few words; those of the learned types are told by their material.
 const char* typeName(PositionType type);
+// The same as a player says it: what such positions mostly look like, "middlegame".
+const char* typeInWords(PositionType type);
 
 // What one bit means in the word of a piece of `kind`, in plain words. In a pawn ending some bits of pawns
 // mean something else, hence the type. nullptr for a bit that no such piece ever has.

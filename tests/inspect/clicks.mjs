@@ -31,7 +31,11 @@ const say = (...selectors) => {
 const click = (selector) => one(selector).dispatchEvent(new MouseEvent("click", { bubbles: true }));
 const point = (selector, type = "pointerover", place = {}) =>
   one(selector).dispatchEvent(new PointerEvent(type, { bubbles: true, pointerType: "mouse", ...place }));
-const key = (selector, name) => one(selector).dispatchEvent(new KeyboardEvent("keydown", { key: name, bubbles: true }));
+// Where the focus is, as somebody at the keyboard does, or elsewhere.
+const press = (name, element = document.activeElement) =>
+  element.dispatchEvent(new KeyboardEvent("keydown", { key: name, bubbles: true }));
+const key = (selector, name) => press(name, one(selector));
+const goTo = (ply) => click(`#moves [data-ply="${ply}"]`);
 const enter = (selector, value, type = "input") => {
   one(selector).value = value;
   one(selector).dispatchEvent(new Event(type, { bubbles: true }));

@@ -3,11 +3,14 @@
 import assert from "node:assert/strict";
 import test from "node:test";
 
+import { countBySize } from "../../src/inspect/report/page/counts.mjs";
 import { densityOf, reachOf } from "../../src/inspect/report/page/curves.mjs";
 import { adviceFor, choosePatterns, holdsWords } from "../../src/inspect/report/page/filter.mjs";
 import { fixed, signed } from "../../src/inspect/report/page/format.mjs";
+import { menuOf } from "../../src/inspect/report/page/games.mjs";
+import { verdictOf } from "../../src/inspect/report/page/head.mjs";
 import { meanOf, readModel } from "../../src/inspect/report/page/model.mjs";
-import { expectedScore, moveText } from "../../src/inspect/report/page/position.mjs";
+import { answeredAtOnce, expectedScore, moveText } from "../../src/inspect/report/page/position.mjs";
 import { fullColour, scale, ticks } from "../../src/inspect/report/page/scale.mjs";
 
 const kinds = ["pawn", "queen"];
@@ -25,7 +28,7 @@ const model = readModel({
   pawnEndings: [1, 4],
   pawnEndingBits: namesOf("ending"),
   always: { pawn: 1 << 17 },
-  types: [4, 6].map((type) => ({ type, name: `type ${type}` })),
+  types: [4, 6].map((type) => ({ type, name: `type ${type}`, words: "ending" })),
   lists: [
     { type: 4, kind: "pawn", nodes: [[2, 1]] },
     { type: 6, kind: "pawn", nodes },
@@ -50,6 +53,7 @@ test("the filter takes several words in any order and says what to do when nothi
 
 test("patterns that differ only by what always holds are one, and nothing is lost", () => {
   assert.equal(model.listOf(6, "pawn").merged.length, 4);
+  assert.equal(countBySize(model.patterns).join(), "4,1,0,0");
   for (const word of [131072, 131074, 131078, 2147483648 + 131072]) {
     const plain = nodes.filter(([mask]) => (mask & word) >>> 0 === mask);
     assert.equal(model.worthOf(6, "pawn", word), plain.reduce((sum, [, weight]) => sum + weight, 0));
@@ -61,6 +65,28 @@ test("patterns that differ only by what always holds are one, and nothing is los
   assert.equal(model.firing(4, "pawn", 2)[0].name, "ending feature 1");
   assert.deepEqual(model.firing(6, "queen", 2), []);
   assert.deepEqual([meanOf(model.meansOf(6, "pawn")), meanOf(model.meansOf(6, "queen"))], [5, null]);
+});
+
+test("the verdict rounds, and claims nothing of games that nobody won", () => {
+  const all = { decided: 9, network: { rightPercentage: 66.6 }, material: { rightPercentage: 60.2 } };
+  const of = (validation) => verdictOf({ lists: [{}], validation });
+  assert.match(of({ all }), /in 67 of 100 positions; counting material, 60\.$/);
+  assert.equal(of({ all: { ...all, decided: 0 }, verdict: "All drawn." }), "All drawn.");
+});
+
+test("however many games there are, each can be chosen, and the page opens on none of the most misjudged", () => {
+  for (let count = 1; count <= 20; ++count) {
+    const { groups, opening } = menuOf(Array.from({ length: count }, () => ({ result: 1 })));
+    const [others, worst] = groups.map(({ entries }) => entries.map(({ index }) => index));
+    assert.deepEqual([...worst, ...others], [...Array(count).keys()]);
+    assert.ok(others.includes(opening), `${count}: ${opening}`);
+  }
+});
+
+test("a capture is answered at once if the next move takes on its square", () => {
+  const [pieces, targets] = [[32, 32, 32, 31, 30, 30, 29, 28], [0, 28, 35, 35, 35, 18, 8, 1]];
+  const steps = pieces.map((count, ply) => ({ words: Array(count), squares: [63, targets[ply]] }));
+  assert.deepEqual([...steps.keys()].filter((ply) => answeredAtOnce({ steps }, ply)), [3]);
 });
 
 test("moves are counted from the side that begins", () => {

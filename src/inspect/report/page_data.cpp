@@ -90,7 +90,7 @@ Json pageData(const PageInput& input, const NetworkTable& table) {
             {"written", writtenJson(input.networkName)},
             {"learnedFrom", input.learnedFrom}};
   for (PositionType type = 0; type < positionTypeCount; ++type) {
-    json["types"].push_back({{"type", type}, {"name", typeName(type)}});
+    json["types"].push_back({{"type", type}, {"name", typeName(type)}, {"words", typeInWords(type)}});
     if (!isPawnEnding(type)) continue;
     json["pawnEndings"].push_back(type);
     json["pawnEndingBits"] = bitNamesJson(type, pawnKind);

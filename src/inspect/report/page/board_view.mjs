@@ -8,18 +8,23 @@ const glyphs = { king: "\u265a", queen: "\u265b", rook: "\u265c", bishop: "\u265
 // `onPoint(square)` follows the mouse, with null where it leaves; `onChoose(square)` a click or a tap.
 export const makeBoard = (board, { onPoint, onChoose }) => {
   const cells = new Map();
-  for (let row = 7; row >= 0; --row) {
-    board.append(make("span", { class: "coordinate", "aria-hidden": "true" }, String(row + 1)));
-    for (let file = 0; file < 8; ++file) {
-      const cell = make("div", { class: (row + file) % 2 ? "light" : "dark", "data-square": 8 * row + file });
-      cells.set(8 * row + file, cell);
-      board.append(cell);
-    }
+  for (let square = 0; square < 64; ++square) {
+    const shade = ((square >> 3) + square) % 2 ? "light" : "dark";
+    cells.set(square, make("div", { class: shade, "data-square": square }));
   }
-  board.append(
-    make("span"),
-    ...[..."abcdefgh"].map((file) => make("span", { class: "coordinate", "aria-hidden": "true" }, file)),
-  );
+  const coordinate = (text) => make("span", { class: "coordinate", "aria-hidden": "true" }, text);
+  const arrange = (whiteBelow) => {
+    const upwards = [0, 1, 2, 3, 4, 5, 6, 7],
+      downwards = [...upwards].reverse();
+    const ranks = whiteBelow ? downwards : upwards,
+      files = whiteBelow ? upwards : downwards;
+    board.replaceChildren(
+      ...ranks.flatMap((rank) => [coordinate(String(rank + 1)), ...files.map((file) => cells.get(8 * rank + file))]),
+      make("span"),
+      ...files.map((file) => coordinate("abcdefgh"[file])),
+    );
+  };
+  arrange(true);
 
   const squareOf = (event) => {
     const cell = event.target.closest("[data-square]");
@@ -34,6 +39,7 @@ export const makeBoard = (board, { onPoint, onChoose }) => {
   });
 
   return {
+    arrange,
     // `pieces` with `text`, what stands below the glyph, `difference` and `strength`, its colour.
     show(pieces, moved) {
       for (const cell of cells.values()) {

@@ -34,7 +34,7 @@ const curveDrawing = (one) => {
     viewBox: `0 0 ${width} ${height}`,
     role: "img",
     "aria-label":
-      `Expected score in type ${one.type}: ` +
+      "Expected score: " +
       one.bands.map((band) => `${signed(band.meanValue, 1)} scored ${percent(band.won + band.drawn / 2)}`).join(", "),
   });
   for (const at of [0, 0.25, 0.5, 0.75, 1]) {
@@ -100,30 +100,19 @@ const meaning = ({ steepness, curveOfAllTypes }) => {
   return `75\u00a0% from ${signed(value, value < 9.95 ? 1 : 0)} on${curveOfAllTypes ? " (too few positions: the curve of all types)" : ""}`;
 };
 
-const drawCurves = (calibration, model) => {
+export const drawCurves = (calibration, model) => {
+  byId("curves-of").textContent =
+    `The curves are those that fit ${several(calibration.games, "game", "games")} of ${calibration.files.join(", ")} best.`;
   const measured = calibration.types.filter((one) => one.steepness !== null && one.bands.length);
   byId("curves").replaceChildren(
     ...measured.map((one) =>
       make(
         "article",
         { class: "card" },
-        make("h3", {}, `Type ${one.type}: ${model.nameOfType(one.type)}`),
+        make("h3", {}, model.describe(one.type)),
         make("p", {}, `${grouped(one.samples)} positions; ${meaning(one)}`),
         curveDrawing(one),
       ),
     ),
   );
-};
-
-// The verdict is of the games checked on, the curves of those that they were fitted to; either can be missing.
-export const drawVerdict = (data, model) => {
-  const { validation, calibration } = data;
-  byId("unchecked").hidden = validation !== null;
-  byId("verdict").textContent = [validation?.verdict ?? []].flat().join(" ");
-  byId("figures").hidden = validation === null;
-  byId("calibrated").hidden = calibration === null;
-  if (!calibration) return;
-  byId("curves-of").textContent =
-    `The curves are those that fit ${several(calibration.games, "game", "games")} of ${calibration.files.join(", ")} best.`;
-  drawCurves(calibration, model);
 };

@@ -1,11 +1,11 @@
-// Value and expected score along a game, one above the other.
+// The expected score along a game.
 
 import { make } from "./dom.mjs";
-import { minus, percent } from "./format.mjs";
-import { scale, ticks } from "./scale.mjs";
+import { percent } from "./format.mjs";
+import { scale } from "./scale.mjs";
 
 // As wide as its place when it is drawn, so that its letters keep their size.
-const chart = { left: 46, right: 8 };
+const chart = { left: 46, right: 8, top: 22, bottom: 162, height: 170 };
 
 // Lines break where nothing is known.
 const brokenLines = (points) => {
@@ -19,76 +19,48 @@ const brokenLines = (points) => {
     .map((run) => make("polyline", { class: "line", points: run.map((point) => point.join(",")).join(" ") }));
 };
 
-const drawPanel = (values, marks, { title, width, low, high, height, base }) => {
-  const x = scale(0, Math.max(1, values.length - 1), chart.left, width - chart.right);
-  const y = scale(low, high, height - 8, 22);
-  const svg = make("svg", { viewBox: `0 0 ${width} ${height}`, role: "img", "aria-label": title });
-  svg.append(make("text", { x: chart.left, y: 12, class: "title" }, title));
-  for (const { at, text, kind } of marks) {
-    svg.append(
-      make("line", {
-        class: kind ?? (at === base ? "base" : "axis"),
-        x1: chart.left,
-        x2: width - chart.right,
-        y1: y(at),
-        y2: y(at),
-      }),
-    );
-    if (text) svg.append(make("text", { x: chart.left - 6, y: y(at) + 4, "text-anchor": "end" }, text));
-  }
-  svg.append(
-    ...brokenLines(values.map((value, ply) => (value === null ? null : [x(ply).toFixed(1), y(value).toFixed(1)]))),
-  );
-  const cursor = make("line", { class: "cursor", y1: 18, y2: height - 4 });
-  svg.append(cursor);
-  return {
-    svg,
-    move: (ply) => {
-      cursor.setAttribute("x1", x(ply));
-      cursor.setAttribute("x2", x(ply));
-    },
-  };
-};
-
 const plyAt = (svg, width, event, last) => {
   const box = svg.getBoundingClientRect();
   const part = (((event.clientX - box.left) / box.width) * width - chart.left) / (width - chart.left - chart.right);
   return Math.round(Math.min(1, Math.max(0, part)) * last);
 };
 
-// `values` and `scores` as White sees them, null where nothing is known; `scores` may be null as a whole.
-export const drawGame = (host, { values, scores, result, onStep }) => {
-  const most = Math.max(1, ...values.map((value) => Math.abs(value ?? 0)));
+// `scores` as White sees them, null where nothing is known; `answered` are plies to mark; `result` is null for a game
+// without one. What it gives back moves the cursor.
+export const drawGame = (host, { scores, answered, result, onStep }) => {
   const width = Math.max(320, host.clientWidth);
-  const panels = [];
-  if (scores) {
-    const marks = [0, 0.25, 0.5, 0.75, 1].map((at) => ({ at, text: percent(at) }));
-    if (result !== null) marks.push({ at: (result + 1) / 2, kind: "ideal" });
-    panels.push(
-      drawPanel(scores, marks, {
-        title: "Expected score for White; dashed: how the game ended",
-        width,
-        low: 0,
-        high: 1,
-        height: 190,
-        base: 0.5,
-      }),
+  const last = scores.length - 1;
+  const x = scale(0, Math.max(1, last), chart.left, width - chart.right);
+  const y = scale(0, 1, chart.bottom, chart.top);
+  const title = "Expected score for White; dashed: how the game ended";
+  const svg = make("svg", { viewBox: `0 0 ${width} ${chart.height}`, role: "img", "aria-label": title });
+  const across = (name, at) =>
+    make("line", { class: name, x1: chart.left, x2: width - chart.right, y1: y(at), y2: y(at) });
+  svg.append(make("text", { x: chart.left, y: 12, class: "title" }, title));
+  for (const at of [0, 0.25, 0.5, 0.75, 1]) {
+    svg.append(
+      across(at === 0.5 ? "base" : "axis", at),
+      make("text", { x: chart.left - 6, y: y(at) + 4, "text-anchor": "end" }, percent(at)),
     );
   }
-  panels.push(
-    drawPanel(
-      values,
-      ticks(most, 2).map((at) => ({ at, text: at > 0 ? `+${at}` : minus(String(at)) })),
-      { title: "Value for White", width, low: -most, high: most, height: 150, base: 0 },
-    ),
+  if (result !== null) svg.append(across("ideal", (result + 1) / 2));
+  const points = scores.map((score, ply) => (score === null ? null : [x(ply).toFixed(1), y(score).toFixed(1)]));
+  const cursor = make("line", { class: "cursor", y1: chart.top - 4, y2: chart.bottom + 4 });
+  svg.append(
+    ...brokenLines(points),
+    ...answered
+      .filter((ply) => points[ply] !== null)
+      .map((ply) => make("circle", { class: "answered", cx: points[ply][0], cy: points[ply][1], r: 3.5 })),
+    cursor,
   );
-  for (const { svg } of panels) {
-    const step = (event) => onStep(plyAt(svg, width, event, values.length - 1));
-    svg.addEventListener("pointerdown", step);
-    svg.addEventListener("pointermove", (event) => {
-      if (event.buttons) step(event);
-    });
-  }
-  host.replaceChildren(...panels.map(({ svg }) => svg));
-  return (ply) => panels.forEach(({ move }) => move(ply));
+  const step = (event) => onStep(plyAt(svg, width, event, last));
+  svg.addEventListener("pointerdown", step);
+  svg.addEventListener("pointermove", (event) => {
+    if (event.buttons) step(event);
+  });
+  host.replaceChildren(svg);
+  return (ply) => {
+    cursor.setAttribute("x1", x(ply));
+    cursor.setAttribute("x2", x(ply));
+  };
 };

@@ -57,13 +57,15 @@ const fill = (table, first, rows, columns, nameOf) => {
   );
 };
 
-export const drawMeasures = (validation) => {
+export const drawMeasures = (validation, model) => {
+  byId("figures").hidden = false;
+  byId("learned").textContent = validation.verdict;
   fill(
     byId("measures"),
     "Type",
     [{ type: "all", ...validation.all }, ...validation.types.filter((one) => one.patterns)],
     measureColumns,
-    ({ type }) => (type === "all" ? "All types" : `Type ${type}`),
+    ({ type }) => (type === "all" ? "All types" : `${type}, ${model.nameOfType(type)}`),
   );
   fill(
     byId("bands"),

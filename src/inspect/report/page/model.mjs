@@ -40,6 +40,7 @@ export const readModel = (data) => {
 
   const lists = new Map(data.lists.map((list) => [key(list.type, list.kind), { ...list, merged: patternsOf(list) }]));
   const types = data.types.filter(({ type }) => data.lists.some((list) => list.type === type));
+  const wordsOf = (type) => data.types.find((one) => one.type === type);
   const means = new Map((data.worth ?? []).map((worth) => [key(worth.type, worth.kind), worth]));
   const steepness = new Map((data.calibration?.types ?? []).map((one) => [one.type, one.steepness ?? null]));
 
@@ -54,7 +55,11 @@ export const readModel = (data) => {
     patterns: [...lists.values()].flatMap((list) => list.merged),
     listOf: (type, kind) => lists.get(key(type, kind)),
     hasType: (type) => types.some((one) => one.type === type),
-    nameOfType: (type) => data.types[type].name,
+    nameOfType: (type) => wordsOf(type).words,
+    describe: (type) => {
+      const { words, name } = wordsOf(type);
+      return words === name ? name : `${words} (${name})`;
+    },
     firing,
     worthOf: (type, kind, word) => firing(type, kind, word).reduce((sum, { weight }) => sum + weight, 0),
     meansOf: (type, kind) => means.get(key(type, kind)),

@@ -25,6 +25,12 @@ export const setUpPatterns = (data, model) => {
     text: byId("filter-text").value,
   });
 
+  const inFile = data.lists.reduce((sum, list) => sum + list.patterns, 0);
+  byId("merged").textContent =
+    inFile === model.patterns.length
+      ? ""
+      : `Patterns that differ only by what always holds fire together, and are one here: the ${grouped(inFile)} of the file are ${grouped(model.patterns.length)} on this page.`;
+
   const row = (pattern, most) =>
     make(
       "tr",
@@ -37,7 +43,7 @@ export const setUpPatterns = (data, model) => {
       ),
       make("td", { class: "name" }, patternElement(data, pattern)),
       make("td", {}, pattern.kind),
-      make("td", { class: "number", "data-before": "type " }, String(pattern.type)),
+      make("td", {}, model.nameOfType(pattern.type)),
       make(
         "td",
         { class: "number", "data-after": pattern.size === 1 ? " feature" : " features" },
@@ -74,7 +80,7 @@ export const setUpPatterns = (data, model) => {
     );
   options(
     "filter-type",
-    model.types.map(({ type, name }) => [type, `${type}: ${name}`]),
+    model.types.map(({ type }) => [type, model.describe(type)]),
   );
   options(
     "filter-kind",

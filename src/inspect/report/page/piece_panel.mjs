@@ -30,6 +30,8 @@ const comparison = (worth, mean, kind) => {
 };
 
 export const showPiece = (host, data, model, step, piece) => {
+  // Focus on what goes stays here, where keys are still heard.
+  if (host.contains(document.activeElement)) host.focus({ preventScroll: true });
   if (!piece) return host.replaceChildren();
   const patterns = model.firing(step.type, piece.kind, piece.word);
   const worth = patterns.reduce((sum, { weight }) => sum + weight, 0);
@@ -61,9 +63,10 @@ export const showPiece = (host, data, model, step, piece) => {
       more,
       0,
     );
-    more.addEventListener("click", () =>
-      summed.replaceWith(...rest.map((one) => weightRow(one.weight, patternElement(data, one), most))),
-    );
+    more.addEventListener("click", () => {
+      host.focus({ preventScroll: true });
+      summed.replaceWith(...rest.map((one) => weightRow(one.weight, patternElement(data, one), most)));
+    });
     body.append(summed);
   }
   host.replaceChildren(

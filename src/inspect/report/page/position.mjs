@@ -29,10 +29,22 @@ export const ownView = (square, white) => (white ? square : square ^ 56);
 
 export const resultText = (result) => ({ 1: "1\u20130", "-1": "0\u20131", 0: "\u00bd\u2013\u00bd" })[result] ?? "*";
 
-// "12. Nf3", "12\u2026 Nf6"; games that start with Black to move count from there.
+// Of the move that leads to a ply: its number, and is it White's? Games that start with Black to move count from there.
+export const moveNumber = (game, ply) => {
+  const half = ply - (game.steps[0].sideToMove === "black" ? 0 : 1);
+  return { number: Math.floor(half / 2) + 1, white: half % 2 === 0 };
+};
+
+// "12. Nf3", "12\u2026 Nf6".
 export const moveText = (game, ply) => {
   if (ply === 0) return "Start position";
-  const blackFirst = game.steps[0].sideToMove === "black" ? 1 : 0;
-  const half = ply - 1 + blackFirst;
-  return `${Math.floor(half / 2) + 1}${half % 2 ? "\u2026" : "."} ${game.steps[ply].move}`;
+  const { number, white } = moveNumber(game, ply);
+  return `${number}${white ? "." : "\u2026"} ${game.steps[ply].move}`;
 };
+
+// Does the move that leads to this ply take something, and the next one take on the same square?
+export const answeredAtOnce = ({ steps }, ply) =>
+  ply > 0 &&
+  ply + 1 < steps.length &&
+  steps[ply].words.length < steps[ply - 1].words.length &&
+  steps[ply + 1].squares[1] === steps[ply].squares[1];

@@ -42,7 +42,9 @@ const squaresTable = (kind, worth, most, say) => {
     }
     table.append(line);
   }
-  table.append(make("tr", {}, make("th"), ...[..."abcdefgh"].map((file) => make("th", { scope: "col" }, file))));
+  table.append(
+    make("tr", {}, make("td", { class: "none" }), ...[..."abcdefgh"].map((file) => make("th", { scope: "col" }, file))),
+  );
   return table;
 };
 
@@ -69,9 +71,6 @@ const squaresCard = (kind, worth, most) => {
 
 export const drawSquares = (data, model, type) => {
   const worths = data.kinds.map((kind) => model.meansOf(type, kind));
-  byId("squares-missing").hidden = data.validation !== null;
-  byId("cards").hidden = byId("squares-scale").hidden = byId("squares-note").hidden = data.validation === null;
-  if (data.validation === null) return;
   const known = worths.filter(Boolean);
   const most = fullColour(known.flatMap(differencesOf));
   byId("cards").replaceChildren(
