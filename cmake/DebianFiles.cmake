@@ -41,7 +41,7 @@ ${package}: maintscript-calls-ldconfig
   endif()
   file(WRITE ${root}/share/lintian/overrides/${package} "${overrides}")
   if(EXISTS ${documents}/CHANGELOG.md)
-    file(RENAME ${documents}/CHANGELOG.md ${documents}/changelog)
+    file(COPY_FILE ${documents}/CHANGELOG.md ${documents}/changelog)
   endif()
   file(GLOB_RECURSE compressed ${root}/share/man/*.[1-9] ${documents}/changelog*)
   execute_process(COMMAND ${GZIP} -9n ${compressed} COMMAND_ERROR_IS_FATAL ANY)

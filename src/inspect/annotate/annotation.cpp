@@ -42,10 +42,11 @@ class ChangedCopy {
   std::size_t copied = 0;
 };
 
-// A move and what stands behind it, up to the next one.
+// A move and what stands behind it, up to the next one. What stands before the first move, behind the last that
+// can be read, and behind the result has no move.
 struct AnnotatedMove {
   std::size_t first;  // of its elements in the game
-  bool isMove;        // false for what stands before the first move and behind the last that can be read
+  bool isMove;
   std::optional<double> pawns;  // of the position behind it, as White sees it
 };
 
@@ -114,9 +115,9 @@ class Annotator : public Position {
   void sign(const GameParts& game) {
     constexpr std::string_view opening = "[Annotator \"";
     for (const std::string_view tag : game.tags) {
-      if (!tag.starts_with(opening)) continue;
-      const std::string_view before =
-          tag.substr(opening.size(), tag.find('"', opening.size()) - opening.size());
+      const std::size_t end = tag.rfind('"');
+      if (!tag.starts_with(opening) || end < opening.size()) continue;  // or it has no second quote
+      const std::string_view before = tag.substr(opening.size(), end - opening.size());
       const std::size_t begin = placeOf(before);
       return copy.replace(begin, begin + before.size(), signedBy(network.signature, before));
     }
