@@ -3,6 +3,7 @@
 #include <cassert>
 
 #include "board/board_fen.h"
+#include "board/fen_fault.h"
 #include "board/piece.h"
 #include "inspect/common/fault.h"
 #include "inspect/common/game_files.h"
