@@ -16,7 +16,7 @@ far as that goes back.
 
 A value is what the side to move may expect, in the unit in which the network was learned: mostly 40 to 100 at the end
 of a game that is won, less the further off that is, 0 for a draw, and the same below zero for a loss. There is no
-greatest value, and it is no number of pawns.
+greatest value, and it is no number of pawns: for that, and for a search, there is `Network.pawns`.
 
 What cannot be evaluated raises `PositionError`, what cannot be read `NetworkError`; both are ValueErrors. The module
 needs the shared library quorvane-evaluator, which is installed with it; the environment variable QUORVANE_LIBRARY names

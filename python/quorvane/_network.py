@@ -4,11 +4,12 @@ from __future__ import annotations
 
 import os
 import threading
+import warnings
 from collections.abc import Callable, Iterable
 from ctypes import byref, c_char_p, c_double, c_int, c_size_t, create_string_buffer
 from itertools import groupby, islice
 from types import TracebackType
-from typing import Any, NoReturn
+from typing import Any, NoReturn, TypeAlias
 
 from ._errors import NetworkError, refused
 from ._explanation import Explanation, explanation_of
@@ -16,9 +17,16 @@ from ._library import Worth, library, status_text
 from ._positions import NUL_IN_FEN, Board, GivenPosition, encoded, read_board, read_position
 
 
-def open_network(file: str | bytes | os.PathLike[str] | os.PathLike[bytes]) -> Network:
-    """Reads a network file. Raises NetworkError if there is none, or if it is damaged."""
-    return Network(file)
+FileName: TypeAlias = str | bytes | os.PathLike[str] | os.PathLike[bytes]
+
+
+def open_network(file: FileName, calibration: FileName | None = None) -> Network:
+    """Reads a network file and a calibration of it, else the one beside it, FILE.calibration.json, if there is one.
+
+    Raises NetworkError if there is no such file, if it is damaged, or if the calibration is that of another network;
+    one that was not asked for is then left aside with a warning.
+    """
+    return Network(file, calibration)
 
 
 class _Handle:
@@ -46,17 +54,19 @@ class Network:
     Once it is closed all that it is asked raises NetworkError, but for closing it again, which does nothing.
     """
 
-    def __init__(self, file: str | bytes | os.PathLike[str] | os.PathLike[bytes]) -> None:
+    def __init__(self, file: FileName, calibration: FileName | None = None) -> None:
         self._name = os.fsdecode(file)
-        path = os.fsencode(file)
-        if b"\0" in path:
-            raise _complaint(self._name, "the name of a file holds no NUL character")
-        error = create_string_buffer(512)
-        pointer = library.quorvane_network_open(path, error, len(error))
-        if pointer is None:
-            raise _complaint(self._name, error.value.decode(errors="replace"))
-        self._network: _Handle | None = _Handle(pointer, library.quorvane_network_close)
+        self._network: _Handle | None = _opened(file, library.quorvane_network_open, library.quorvane_network_close)
         self._caches = threading.local()  # one thread at a time may use a cache
+        self._calibration: _Handle | None = None
+        beside = os.fsencode(file) + b".calibration.json"
+        if calibration is not None:
+            self._calibration = _calibration(self._network, calibration)
+        elif os.path.exists(beside):
+            try:
+                self._calibration = _calibration(self._network, beside)
+            except NetworkError as error:
+                warnings.warn(f"{error}, and is not used", stacklevel=3)
 
     def evaluate(self, position: GivenPosition) -> float:
         """The value of a FEN or a board, as the side to move sees it. Raises PositionError if it has none."""
@@ -80,6 +90,34 @@ class Network:
                 else:
                     _evaluate_boards(cache, run, values)  # type: ignore[arg-type]
         return values
+
+    def pawns(self, position: GivenPosition) -> float:
+        """What a FEN or a board is worth in pawns to the side to move: k value / 0.368208, and the material as 1 3 3 5 9.
+
+        This is what a search should ask for, as a network alone does not know what a lost piece is worth. The k of the
+        position's type comes from the calibration, and is 0.03 without one.
+        """
+        cache = self._cache()
+        pawns = c_double()
+        given = byref(read_position(position))
+        _check(library.quorvane_pawns(cache, self._calibration, given, byref(pawns)), position)
+        return pawns.value
+
+    def expected_score(self, position: GivenPosition) -> float | None:
+        """The points that the side to move may expect, from 0 to 1; None without a calibration of the position's type."""
+        calibration = self._calibration
+        value = self.evaluate(position)
+        score = c_double()
+        position_type = self.position_type(position)
+        if calibration is None:
+            return None
+        status = library.quorvane_expected_score(calibration, position_type, value, byref(score))
+        return score.value if status == 0 else None
+
+    @property
+    def calibrated(self) -> bool:
+        """Whether there is a calibration."""
+        return self._calibration is not None
 
     def explain(self, position: GivenPosition) -> Explanation:
         """What each piece of a FEN or a board is worth, and by which features."""
@@ -111,6 +149,7 @@ class Network:
     def close(self) -> None:
         self._network = None
         self._caches = threading.local()
+        self._calibration = None
 
     def __enter__(self) -> Network:
         self._open()
@@ -153,6 +192,26 @@ _BATCH = 16384
 def _complaint(name: str, reason: str) -> NetworkError:
     # Names may hold bytes that are no text, which could not be printed.
     return NetworkError(f"{name.encode(errors='backslashreplace').decode()}: {reason}")
+
+
+def _opened(file: FileName, reader: Callable[..., Any], free: Callable[[Any], None]) -> _Handle:
+    """What `reader` reads from a file."""
+    path = os.fsencode(file)
+    if b"\0" in path:
+        raise _complaint(os.fsdecode(file), "the name of a file holds no NUL character")
+    error = create_string_buffer(512)
+    pointer = reader(path, error, len(error))
+    if pointer is None:
+        raise _complaint(os.fsdecode(file), error.value.decode(errors="replace"))
+    return _Handle(pointer, free)
+
+
+def _calibration(network: _Handle, file: FileName) -> _Handle:
+    return _opened(
+        file,
+        lambda *arguments: library.quorvane_calibration_open(network, *arguments),
+        library.quorvane_calibration_close,
+    )
 
 
 def _is_fen(position: GivenPosition) -> bool:

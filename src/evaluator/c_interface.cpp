@@ -3,6 +3,7 @@
 #include <exception>
 #include <memory>
 #include <new>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -11,7 +12,9 @@
 #include "configurations/position_type.h"
 #include "evaluator/given_position.h"
 #include "evaluator/learned_network.h"
+#include "evaluator/steepness.h"
 #include "evaluator/word_cache.h"
+#include "network/fingerprint.h"
 #include "network/strict_network.h"
 #include "quorvane/evaluator.h"
 
@@ -20,10 +23,17 @@ using namespace quorvane::evaluator;
 
 struct quorvane_network {
   LearnedNetwork learned;
+  std::string name;
+  std::string fingerprint;
 };
 
 struct quorvane_cache {
   WordCache words;
+  const LearnedNetwork& learned;
+};
+
+struct quorvane_calibration {
+  Steepness steepness;
 };
 
 namespace {
@@ -55,6 +65,21 @@ bool isType(int type) {
   return type >= 0 && type < positionTypeCount;
 }
 
+// What `open` gives; null where it throws, with the reason as text.
+template <typename Open>
+auto openedBy(Open open, char* error, std::size_t error_size) noexcept -> decltype(open()) {
+  try {
+    return open();
+  } catch (const std::bad_alloc&) {
+    putText(quorvane_status_text(QUORVANE_OUT_OF_MEMORY), error, error_size);
+  } catch (const std::exception& fault) {
+    putText(fault.what(), error, error_size);
+  } catch (...) {
+    putText("cannot be read", error, error_size);
+  }
+  return nullptr;
+}
+
 constexpr std::pair<quorvane_status, const char*> statusTexts[] = {
     {QUORVANE_OK, "nothing is wrong"},
     {QUORVANE_NULL_POINTER, "a pointer is null that may not be"},
@@ -71,6 +96,7 @@ constexpr std::pair<quorvane_status, const char*> statusTexts[] = {
     {QUORVANE_KING_COUNT, "a side does not have exactly one king"},
     {QUORVANE_PAWN_ON_LAST_RANK, "a pawn stands on its last rank"},
     {QUORVANE_SIDE_UNKNOWN, "the side to move is neither White nor Black"},
+    {QUORVANE_NO_CURVE, "the calibration has no curve for positions of this type"},
 };
 
 }  // namespace
@@ -91,16 +117,12 @@ quorvane_network* quorvane_network_open(const char* path, char* error, size_t er
     putText(quorvane_status_text(QUORVANE_NULL_POINTER), error, error_size);
     return nullptr;
   }
-  try {
-    return new quorvane_network{LearnedNetwork(readStrictly(std::string(path)))};
-  } catch (const std::bad_alloc&) {
-    putText(quorvane_status_text(QUORVANE_OUT_OF_MEMORY), error, error_size);
-  } catch (const std::exception& fault) {
-    putText(fault.what(), error, error_size);
-  } catch (...) {
-    putText("cannot be read", error, error_size);
-  }
-  return nullptr;
+  return openedBy(
+      [path] {
+        const NetworkTable table = readStrictly(std::string(path));
+        return new quorvane_network{LearnedNetwork(table), path, fingerprintOf(table)};
+      },
+      error, error_size);
 }
 
 void quorvane_network_close(quorvane_network* network) noexcept {
@@ -114,7 +136,7 @@ int quorvane_network_knows(const quorvane_network* network, int type) noexcept {
 quorvane_cache* quorvane_cache_new(const quorvane_network* network) noexcept {
   if (network == nullptr) return nullptr;
   try {
-    return new quorvane_cache{WordCache(network->learned)};
+    return new quorvane_cache{WordCache(network->learned), network->learned};
   } catch (...) {
     return nullptr;
   }
@@ -191,6 +213,54 @@ int quorvane_explain(const quorvane_network* network, const quorvane_position* p
     piece.piece = static_cast<std::uint8_t>(side == white ? kind : kind + QUORVANE_BLACK_PAWN);
     piece.square = static_cast<std::uint8_t>(square);
   }
+  return QUORVANE_OK;
+}
+
+quorvane_calibration* quorvane_calibration_open(const quorvane_network* network, const char* path,
+                                                char* error, size_t error_size) noexcept {
+  if (network == nullptr) {
+    putText(quorvane_status_text(QUORVANE_NULL_POINTER), error, error_size);
+    return nullptr;
+  }
+  return openedBy(
+      [=] {
+        const std::string name = path != nullptr ? path : calibrationBeside(network->name);
+        return new quorvane_calibration{readSteepness(name, network->fingerprint)};
+      },
+      error, error_size);
+}
+
+void quorvane_calibration_close(quorvane_calibration* calibration) noexcept {
+  delete calibration;
+}
+
+int quorvane_pawns(quorvane_cache* cache, const quorvane_calibration* calibration,
+                   const quorvane_position* position, double* pawns) noexcept {
+  if (cache == nullptr || position == nullptr || pawns == nullptr) return QUORVANE_NULL_POINTER;
+  PositionSets sets;
+  const quorvane_status status = readPosition(*position, sets);
+  if (status != QUORVANE_OK) return status;
+  const PositionWords described = describe(sets);
+  std::optional<double> steepness;
+  if (cache->learned.knows(described.type))
+    steepness = calibration != nullptr ? calibration->steepness[described.type] : usualSteepness;
+  *pawns = pawnsOf(sets, steepness, evaluate(sets, described, cache->words));
+  return QUORVANE_OK;
+}
+
+int quorvane_pawns_fen(quorvane_cache* cache, const quorvane_calibration* calibration, const char* fen,
+                       double* pawns) noexcept {
+  if (cache == nullptr || fen == nullptr || pawns == nullptr) return QUORVANE_NULL_POINTER;
+  quorvane_position position;
+  const quorvane_status status = readFen(fen, position);
+  return status == QUORVANE_OK ? quorvane_pawns(cache, calibration, &position, pawns) : status;
+}
+
+int quorvane_expected_score(const quorvane_calibration* calibration, int type, double value,
+                            double* score) noexcept {
+  if (calibration == nullptr || score == nullptr) return QUORVANE_NULL_POINTER;
+  if (!isType(type) || !calibration->steepness[type]) return QUORVANE_NO_CURVE;
+  *score = expectedScore(*calibration->steepness[type], value);
   return QUORVANE_OK;
 }
 
