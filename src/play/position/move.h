@@ -8,12 +8,11 @@
 
 namespace quorvane::play {
 
-// A move in few bytes, as lists and tables hold many; `kind` is a MoveKind that can be made. As it begins it
-// is no move.
+// A move in few bytes, as lists and tables hold many; `kind` is a MoveKind that can be made. Move{} is no move.
 struct Move {
-  std::uint8_t from = 0;
-  std::uint8_t to = 0;
-  std::uint8_t kind = ordinaryMove;
+  std::uint8_t from;
+  std::uint8_t to;
+  std::uint8_t kind;
 
   constexpr bool operator==(const Move&) const = default;
   constexpr explicit operator bool() const { return from != to; }
@@ -38,6 +37,10 @@ class MoveList {
     moves[count++] = {static_cast<std::uint8_t>(from), static_cast<std::uint8_t>(to),
                       static_cast<std::uint8_t>(kind)};
   }
+  void append(Move move) {
+    assert(count < capacity);
+    moves[count++] = move;
+  }
   // Keeps those moves of which `keeps` says so.
   template <typename Keeps>
   void keepIf(Keeps keeps) {
@@ -54,9 +57,9 @@ class MoveList {
   const Move* begin() const { return moves; }
   const Move* end() const { return moves + count; }
 
- private:
   static constexpr std::int32_t capacity = piecesPerSide * 27;
 
+ private:
   Move moves[capacity];
   std::int32_t count = 0;
 };

@@ -1,0 +1,43 @@
+#include "play/protocol/line_queue.h"
+
+#include <utility>
+
+#include "play/protocol/words.h"
+
+namespace quorvane::play {
+
+LineQueue::LineQueue(std::istream& read) : input(read) {
+  input.tie(nullptr);  // whoever writes does so from another thread
+  reader = std::thread(&LineQueue::read, this);
+}
+
+void LineQueue::read() {
+  bool quits = false;
+  std::string line;
+  while (!quits && std::getline(input, line)) {
+    quits = Words(line).next() == "quit";
+    const std::lock_guard lock(mutex);
+    lines.push_back(std::move(line));
+    changed.notify_one();
+  }
+  const std::lock_guard lock(mutex);
+  ended = true;
+  changed.notify_one();
+}
+
+std::optional<std::string> LineQueue::next() {
+  std::unique_lock lock(mutex);
+  changed.wait(lock, [this] { return ended || !lines.empty(); });
+  if (lines.empty()) return {};
+  std::string line = std::move(lines.front());
+  lines.pop_front();
+  return line;
+}
+
+bool LineQueue::takeOut(const std::function<bool(const std::string&)>& take) {
+  const std::lock_guard lock(mutex);
+  std::erase_if(lines, take);
+  return ended;
+}
+
+}  // namespace quorvane::play

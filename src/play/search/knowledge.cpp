@@ -1,0 +1,69 @@
+#include "play/search/knowledge.h"
+
+#include <algorithm>
+#include <cmath>
+#include <filesystem>
+#include <stdexcept>
+
+#include "files/file_name.h"
+#include "network/fingerprint.h"
+#include "network/strict_network.h"
+#include "play/search/score.h"
+
+namespace quorvane::play {
+
+namespace {
+
+// Reads the file `name`; what is wrong with it begins with its name.
+template <typename Read>
+auto readNamed(const std::string& name, Read read) {
+  try {
+    return read();
+  } catch (const std::runtime_error& fault) {
+    throw std::runtime_error(inOneLine(name) + ' ' + fault.what());
+  }
+}
+
+}  // namespace
+
+Knowledge::Knowledge(const std::string& name, const std::string& calibration) : file(name) {
+  const NetworkTable table = readNamed(name, [&] { return readStrictly(name); });
+  network.emplace(table);
+  const auto calibrate = [&](const std::string& read) {
+    steepness = readNamed(read, [&] { return evaluator::readSteepness(read, fingerprintOf(table)); });
+    calibrated = true;
+  };
+  const std::string beside = evaluator::calibrationBeside(name);
+  if (!calibration.empty()) {
+    calibrate(calibration);
+  } else if (std::filesystem::exists(pathOf(beside))) {
+    try {
+      calibrate(beside);
+    } catch (const std::runtime_error& fault) {
+      unused = std::string(fault.what()) + ", and is not used";
+    }
+  }
+  if (calibrated) return;
+  for (PositionType type = 0; type < positionTypeCount; ++type) {
+    if (network->knows(type)) steepness[type] = evaluator::usualSteepness;
+  }
+}
+
+Judge::Judge(const Knowledge& by) : knowledge(by) {
+  if (knowledge.learned()) cache.emplace(*knowledge.learned());
+}
+
+std::int32_t Judge::operator()(const Position& position) {
+  double pawns;
+  if (cache) {
+    const PositionWords described = describe(position);
+    const double value = evaluate(position, described, *cache);
+    pawns = evaluator::pawnsOf(position, knowledge.steepnessOf(described.type), value);
+  } else {
+    pawns = evaluator::pawnsOf(position, {}, 0.0);
+  }
+  constexpr double limit = greatestJudgement;
+  return static_cast<std::int32_t>(std::lround(std::clamp(100.0 * pawns, -limit, limit)));
+}
+
+}  // namespace quorvane::play
