@@ -29,8 +29,9 @@ auto readNamed(const std::string& name, Read read) {
 Knowledge::Knowledge(const std::string& name, const std::string& calibration) : file(name) {
   const NetworkTable table = readNamed(name, [&] { return readStrictly(name); });
   network.emplace(table);
+  print = fingerprintOf(table);
   const auto calibrate = [&](const std::string& read) {
-    steepness = readNamed(read, [&] { return evaluator::readSteepness(read, fingerprintOf(table)); });
+    steepness = readNamed(read, [&] { return evaluator::readSteepness(read, print); });
     calibrated = true;
   };
   const std::string beside = evaluator::calibrationBeside(name);
@@ -43,9 +44,14 @@ Knowledge::Knowledge(const std::string& name, const std::string& calibration) : 
       unused = std::string(fault.what()) + ", and is not used";
     }
   }
-  if (calibrated) return;
+  if (!calibrated) leaveCalibration();
+}
+
+void Knowledge::leaveCalibration() {
+  calibrated = false;
   for (PositionType type = 0; type < positionTypeCount; ++type) {
-    if (network->knows(type)) steepness[type] = evaluator::usualSteepness;
+    steepness[type].reset();
+    if (network && network->knows(type)) steepness[type] = evaluator::usualSteepness;
   }
 }
 
@@ -59,6 +65,7 @@ std::int32_t Judge::operator()(const Position& position) {
     const PositionWords described = describe(position);
     const double value = evaluate(position, described, *cache);
     pawns = evaluator::pawnsOf(position, knowledge.steepnessOf(described.type), value);
+    if (!knowledge.countsPieces()) pawns -= evaluator::pawnsOf(position, {}, 0.0);
   } else {
     pawns = evaluator::pawnsOf(position, {}, 0.0);
   }

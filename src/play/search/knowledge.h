@@ -27,15 +27,25 @@ class Knowledge {
   const std::string& remark() const { return unused; }
   // The name of the network file as it was given, or "material".
   const std::string& name() const { return file; }
+  // Tells its network from others; "none" for material alone.
+  const std::string& fingerprint() const { return print; }
   const std::optional<evaluator::LearnedNetwork>& learned() const { return network; }
   // Of values of a type; nothing if they mean nothing.
   std::optional<double> steepnessOf(PositionType type) const { return steepness[type]; }
+
+  // To measure what they bring: the same without a calibration, and with the network alone, as if all pieces
+  // were worth the same.
+  void leaveCalibration();
+  void leaveMaterial() { countsMaterial = false; }
+  bool countsPieces() const { return countsMaterial; }
 
  private:
   std::string file = "material";
   std::optional<evaluator::LearnedNetwork> network;
   evaluator::Steepness steepness{};
+  std::string print = "none";
   bool calibrated = false;
+  bool countsMaterial = true;
   std::string unused;
 };
 
