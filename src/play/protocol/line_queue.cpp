@@ -1,5 +1,7 @@
 #include "play/protocol/line_queue.h"
 
+#include <algorithm>
+#include <iterator>
 #include <utility>
 
 #include "play/protocol/words.h"
@@ -31,13 +33,20 @@ std::optional<std::string> LineQueue::next() {
   if (lines.empty()) return {};
   std::string line = std::move(lines.front());
   lines.pop_front();
+  left = std::max<std::ptrdiff_t>(left - 1, 0);
   return line;
 }
 
 bool LineQueue::takeOut(const std::function<bool(const std::string&)>& take) {
   const std::lock_guard lock(mutex);
-  std::erase_if(lines, take);
+  lines.erase(std::remove_if(lines.begin() + left, lines.end(), take), lines.end());
+  left = std::ssize(lines);
   return ended;
+}
+
+void LineQueue::lookAgain() {
+  const std::lock_guard lock(mutex);
+  left = 0;
 }
 
 }  // namespace quorvane::play

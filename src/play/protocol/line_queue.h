@@ -2,6 +2,7 @@
 #define QUORVANE_PLAY_PROTOCOL_LINE_QUEUE_H_
 
 #include <condition_variable>
+#include <cstddef>
 #include <deque>
 #include <functional>
 #include <istream>
@@ -27,8 +28,10 @@ class LineQueue {
   // Waits for the next line; nothing at the end.
   std::optional<std::string> next();
 
-  // Takes out the lines that wait and for which `take` says so, in their order; whether no more can come.
+  // Takes out the lines that wait and for which `take` says so, in their order; whether no more can come. Those
+  // that it has left once it is not asked about again, until lookAgain.
   bool takeOut(const std::function<bool(const std::string&)>& take);
+  void lookAgain();
 
  private:
   void read();
@@ -37,6 +40,7 @@ class LineQueue {
   std::mutex mutex;
   std::condition_variable changed;
   std::deque<std::string> lines;
+  std::ptrdiff_t left = 0;  // of the first of them takeOut has been asked
   bool ended = false;
   std::thread reader;
 };

@@ -3,6 +3,7 @@
 #include <cmath>
 #include <cstdio>
 #include <stdexcept>
+#include <utility>
 
 #include "board/square_name.h"
 #include "files/file_name.h"
@@ -45,8 +46,9 @@ Protocol::Protocol(LineQueue& read, std::ostream& written, const std::string& na
 }
 
 void Protocol::run() {
-  while (const std::optional<std::string> line = input.next()) {
-    if (Words(*line).next() == "quit") return;
+  for (;;) {
+    const std::optional<std::string> line = postponed ? std::exchange(postponed, {}) : input.next();
+    if (!line || Words(*line).next() == "quit") return;
     answer(*line);
   }
 }
@@ -208,6 +210,7 @@ void Protocol::startSearch(Words words) {
     }
   }
   current.limits = timeLimits(allowance, overhead);
+  input.lookAgain();
   const Finding found = player->search.run(position, keys, goal, *this);
   if (found.nodes != current.last.nodes || found.line.empty()) tell(found);
   waitForStop();
@@ -216,11 +219,17 @@ void Protocol::startSearch(Words words) {
   output << std::endl;
 }
 
-// A search that was told to go on until it is stopped has no answer before, even if nothing is left to find.
+// A search that was told to go on until it is stopped has no answer before, even if nothing is left to find; but
+// what begins something new stops it too.
 void Protocol::waitForStop() {
   while (current.waits && !current.stopped) {
     std::optional<std::string> line = input.next();
-    if (!line || Words(*line).next() == "quit") return;
+    if (!line) return;
+    const std::string_view command = Words(*line).next();
+    if (command == "quit" || command == "position" || command == "go" || command == "ucinewgame") {
+      postponed = std::move(line);
+      return;
+    }
     if (!hear(*line)) answer(*line);
   }
 }

@@ -65,6 +65,7 @@ class Protocol : private Onlooker {
 
   LineQueue& input;
   std::ostream& output;
+  std::optional<std::string> postponed;  // a line that comes next
 
   std::string network;
   std::string calibration;

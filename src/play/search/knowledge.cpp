@@ -4,6 +4,7 @@
 #include <cmath>
 #include <filesystem>
 #include <stdexcept>
+#include <system_error>
 
 #include "files/file_name.h"
 #include "network/fingerprint.h"
@@ -14,10 +15,15 @@ namespace quorvane::play {
 
 namespace {
 
-// Reads the file `name`; what is wrong with it begins with its name.
+// Reads the file `name`; what is wrong with it begins with its name. What is no file at all, such as a pipe or
+// a device, may never end.
 template <typename Read>
 auto readNamed(const std::string& name, Read read) {
   try {
+    std::error_code error;
+    const auto type = std::filesystem::status(pathOf(name), error).type();
+    if (type == std::filesystem::file_type::not_found) throw std::runtime_error("cannot be opened");
+    if (type != std::filesystem::file_type::regular) throw std::runtime_error("is no regular file");
     return read();
   } catch (const std::runtime_error& fault) {
     throw std::runtime_error(inOneLine(name) + ' ' + fault.what());

@@ -18,12 +18,12 @@ constexpr std::int32_t matedIn(std::int32_t plies) {
 constexpr bool isMate(std::int32_t score) {
   return score > mateScore - mostPlies || score < mostPlies - mateScore;
 }
-// Moves to the mate, below 0 for the side that is mated.
+// Moves of the winner to the mate, below 0 for the side that is mated.
 constexpr std::int32_t movesToMate(std::int32_t score) {
-  return score > 0 ? (mateScore - score + 1) / 2 : -(mateScore + score) / 2;
+  return score > 0 ? (mateScore - score + 1) / 2 : -(mateScore + score + 1) / 2;
 }
 static_assert(movesToMate(-matedIn(1)) == 1 && movesToMate(-matedIn(3)) == 2 &&
-              movesToMate(matedIn(2)) == -1);
+              movesToMate(matedIn(2)) == -1 && movesToMate(matedIn(1)) == -1);
 
 }  // namespace quorvane::play
 

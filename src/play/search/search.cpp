@@ -243,7 +243,8 @@ std::int32_t Search::reduction(std::int32_t depth, std::int32_t moveCount) const
 
 bool Search::countNode(std::int32_t ply) {
   if (ended) return false;
-  if (nodes >= goal->nodes || (nodes % nodesBetweenLooks == 0 && watching->endsNow(nodes))) {
+  if (nodes >= goal->nodes ||
+      (nodes % nodesBetweenLooks == nodesBetweenLooks - 1 && watching->endsNow(nodes))) {
     ended = true;
     return false;
   }
@@ -253,8 +254,8 @@ bool Search::countNode(std::int32_t ply) {
   return true;
 }
 
-// By fifty moves, unless they mate; by repetition: of a position of this search once, of the game twice, as
-// the opponent need not repeat; or as neither side can mate.
+// By fifty moves, unless they mate; by repetition: of a position of this search, the root included, once, as
+// whoever repeats gets no further, of one of the game before it twice; or as neither side can mate.
 bool Search::isDrawn(const Position& position) const {
   if (position.hasTooLittleMaterial()) return true;
   if (position.halfmoves >= 100 && (!position.inCheck() || !legalMoves(position).empty())) return true;
@@ -263,7 +264,7 @@ bool Search::isDrawn(const Position& position) const {
   for (std::size_t plies = 4; plies <= back; plies += 2) {
     const std::size_t place = keys.size() - plies;
     if (keys[place] != position.key) continue;
-    if (place > rootKeys || before) return true;
+    if (place >= rootKeys || before) return true;
     before = true;
   }
   return false;
