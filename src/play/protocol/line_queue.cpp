@@ -37,10 +37,16 @@ std::optional<std::string> LineQueue::next() {
   return line;
 }
 
-bool LineQueue::takeOut(const std::function<bool(const std::string&)>& take) {
+bool LineQueue::takeOut(const std::function<bool(const std::string&, bool)>& take) {
   const std::lock_guard lock(mutex);
-  lines.erase(std::remove_if(lines.begin() + left, lines.end(), take), lines.end());
-  left = std::ssize(lines);
+  for (auto line = lines.begin() + left; line != lines.end();) {
+    if (take(*line, left == 0)) {
+      line = lines.erase(line);
+    } else {
+      ++line;
+      ++left;
+    }
+  }
   return ended;
 }
 

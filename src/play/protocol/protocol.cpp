@@ -251,9 +251,11 @@ bool Protocol::hear(const std::string& line) {
 
 bool Protocol::endsNow(std::uint64_t) {
   bool quits = false;
-  const bool closed = input.takeOut([&](const std::string& line) {
-    quits = quits || Words(line).next() == "quit";
-    return hear(line);
+  const bool closed = input.takeOut([&](const std::string& line, bool isNext) {
+    const std::string_view command = Words(line).next();
+    quits = quits || command == "quit";
+    // Who asks whether all is ready means what was said before as well.
+    return (isNext || command != "isready") && hear(line);
   });
   if (closed || quits) current.stopped = true;
   return current.stopped || (!current.waits && current.limits && elapsed() >= current.limits->hard);
