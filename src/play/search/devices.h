@@ -14,16 +14,14 @@ enum Device : std::uint32_t {
   transpositions = 1U << 2,
   nullMove = 1U << 3,
   lateMoveReductions = 1U << 4,
-  killerMoves = 1U << 5,
-  moveHistory = 1U << 6,
-  checkExtension = 1U << 7,
-  staticExchanges = 1U << 8,
-  reverseFutility = 1U << 9,
-  futility = 1U << 10,
-  lateMovePruning = 1U << 11,
-  quiescence = 1U << 12
+  moveHistory = 1U << 5,
+  staticExchanges = 1U << 6,
+  reverseFutility = 1U << 7,
+  futility = 1U << 8,
+  lateMovePruning = 1U << 9,
+  quiescence = 1U << 10
 };
-inline constexpr std::uint32_t allDevices = (1U << 13) - 1;
+inline constexpr std::uint32_t allDevices = (1U << 11) - 1;
 
 inline constexpr std::pair<std::string_view, Device> deviceNames[] = {
     {"quiescence", quiescence},
@@ -35,9 +33,7 @@ inline constexpr std::pair<std::string_view, Device> deviceNames[] = {
     {"late-move-pruning", lateMovePruning},
     {"reverse-futility", reverseFutility},
     {"futility", futility},
-    {"killer-moves", killerMoves},
     {"history", moveHistory},
-    {"check-extension", checkExtension},
     {"static-exchanges", staticExchanges}};
 
 }  // namespace quorvane::play

@@ -8,7 +8,6 @@
 namespace quorvane::play {
 
 void QuietMoves::fade() {
-  killers = {};
   for (auto& ofSide : history) {
     for (auto& fromSquare : ofSide) {
       for (std::int16_t& toSquare : fromSquare) toSquare = static_cast<std::int16_t>(toSquare / 2);
@@ -16,9 +15,7 @@ void QuietMoves::fade() {
   }
 }
 
-void QuietMoves::reward(Side side, Move move, const MoveList& triedBefore, std::int32_t ply,
-                        std::int32_t depth) {
-  if (killers[ply][0] != move) killers[ply] = {{move, killers[ply][0]}};
+void QuietMoves::reward(Side side, Move move, const MoveList& triedBefore, std::int32_t depth) {
   const std::int32_t bonus = std::min(32 * depth * depth, 2000);
   change(side, move, bonus);
   for (const Move failed : triedBefore) change(side, failed, -bonus);
@@ -31,18 +28,18 @@ void QuietMoves::change(Side side, Move move, std::int32_t by) {
 }
 
 OrderedMoves::OrderedMoves(const Position& searched, Move remembered, const QuietMoves& quietMoves,
-                           std::int32_t ply, bool forcing, std::uint32_t devices)
+                           bool forcing, std::uint32_t devices)
     : position(searched) {
   generateMoves(position, forcing && !position.inCheck(), moves);
   left = moves.size();
   for (std::int32_t i = 0; i < left; ++i) {
-    promises[i] = promiseOf(moves[i], remembered, quietMoves, ply, devices);
+    promises[i] = promiseOf(moves[i], remembered, quietMoves, devices);
     places[i] = static_cast<std::uint16_t>(i);
   }
 }
 
 std::int32_t OrderedMoves::promiseOf(Move move, Move remembered, const QuietMoves& quietMoves,
-                                     std::int32_t ply, std::uint32_t devices) const {
+                                     std::uint32_t devices) const {
   constexpr std::int32_t step = 1 << 20;  // more than anything inside of a group
   if (move == remembered) return 4 * step;
   if (position.takes(move) || move.kind == promoteToQueen) {
@@ -55,10 +52,6 @@ std::int32_t OrderedMoves::promiseOf(Move move, Move remembered, const QuietMove
     return (mayLose && exchangeGain(position, move) < 0 ? -3 * step : 2 * step) + gain;
   }
   if (move.promotes()) return -2 * step;
-  if ((devices & killerMoves) != 0) {
-    if (quietMoves.isKiller(move, ply, 0)) return step + 1;
-    if (quietMoves.isKiller(move, ply, 1)) return step;
-  }
   return (devices & moveHistory) != 0 ? quietMoves.historyOf(position.sideToMove, move) : 0;
 }
 

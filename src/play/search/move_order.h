@@ -6,25 +6,20 @@
 #include "board/table.h"
 #include "play/position/position.h"
 #include "play/search/devices.h"
-#include "play/search/score.h"
 
 namespace quorvane::play {
 
-// Which quiet moves have been good elsewhere in the search: the last two that refuted a move at each ply
-// (killers, Akl and Newborn 1977), and how often each from and to did, deeper searches counting more (the
-// history heuristic, Schaeffer 1989).
+// How often each quiet move, by its squares, has been good elsewhere in the search, deeper searches counting more
+// (the history heuristic, Schaeffer 1989).
 class QuietMoves {
  public:
-  // For a new search: forgets the killers and half of the history.
+  // For a new search: forgets half of it.
   void fade();
   void clear() { *this = {}; }
 
-  // `move` refuted the last one at this ply, and those tried before it did not.
-  void reward(Side side, Move move, const MoveList& triedBefore, std::int32_t ply, std::int32_t depth);
+  // `move` refuted the last one, and those tried before it did not.
+  void reward(Side side, Move move, const MoveList& triedBefore, std::int32_t depth);
 
-  bool isKiller(Move move, std::int32_t ply, std::int32_t which) const {
-    return killers[ply][which] == move && move;
-  }
   // From -limit to limit.
   std::int32_t historyOf(Side side, Move move) const { return history[side][move.from][move.to]; }
   static constexpr std::int32_t limit = 16384;
@@ -32,25 +27,24 @@ class QuietMoves {
  private:
   void change(Side side, Move move, std::int32_t by);
 
-  Table<Table<Move, 2>, mostPlies> killers{};
   Table<Table<Table<std::int16_t, squareCount>, squareCount>, 2> history{};
 };
 
 // The moves of a node one after the other, those that promise most first: the remembered one, winning and even
-// captures by what they take (MVV-LVA) and promotions, killers, quiet moves by their history, losing captures.
+// captures by what they take (MVV-LVA) and promotions, quiet moves by their history, losing captures.
 class OrderedMoves {
  public:
   // In a quiescence search of captures and promotions alone; all if the king is attacked.
-  OrderedMoves(const Position& position, Move remembered, const QuietMoves& quietMoves, std::int32_t ply,
-               bool forcing, std::uint32_t devices);
+  OrderedMoves(const Position& position, Move remembered, const QuietMoves& quietMoves, bool forcing,
+               std::uint32_t devices);
 
   // The next legal move; no move at the end.
   Move next();
   // Is the one that was given last a capture that loses material?
-  bool isLosing() const { return lastPromise < 0 && lastPromise < -QuietMoves::limit; }
+  bool isLosing() const { return lastPromise < -QuietMoves::limit; }
 
  private:
-  std::int32_t promiseOf(Move move, Move remembered, const QuietMoves& quietMoves, std::int32_t ply,
+  std::int32_t promiseOf(Move move, Move remembered, const QuietMoves& quietMoves,
                          std::uint32_t devices) const;
 
   const Position& position;

@@ -90,7 +90,6 @@ std::int32_t Search::searchRoot(const Position& position, std::int32_t depth, st
 std::int32_t Search::search(const Position& position, std::int32_t alpha, std::int32_t beta,
                             std::int32_t depth, std::int32_t ply, bool mayPass) {
   const bool inCheck = position.inCheck();
-  if (inCheck && uses(checkExtension)) ++depth;
   if (depth <= 0) return quiesce(position, alpha, beta, ply);
   if (!countNode(ply)) return 0;
   if (ply > 0) {
@@ -135,7 +134,7 @@ std::int32_t Search::searchMoves(const Position& position, std::int32_t alpha, s
   Move bestMove{};
   std::int32_t moveCount = 0;
   MoveList quiet;
-  OrderedMoves moves(position, unpacked(known.move), quietMoves, ply, false, goal->devices);
+  OrderedMoves moves(position, unpacked(known.move), quietMoves, false, goal->devices);
   while (const Move move = moves.next()) {
     if (ply == 0 && !goal->amongMoves.empty() &&
         std::ranges::find(goal->amongMoves, move) == goal->amongMoves.end()) {
@@ -174,7 +173,7 @@ std::int32_t Search::searchMoves(const Position& position, std::int32_t alpha, s
         extendLine(ply, move);
       }
       if (score >= beta) {
-        if (isQuiet) quietMoves.reward(position.sideToMove, move, quiet, ply, depth);
+        if (isQuiet) quietMoves.reward(position.sideToMove, move, quiet, depth);
         break;
       }
     }
@@ -209,7 +208,7 @@ std::int32_t Search::quiesce(const Position& position, std::int32_t alpha, std::
     if (best >= beta || !uses(quiescence)) return best;
   }
   Move bestMove{};
-  OrderedMoves moves(position, unpacked(known.move), quietMoves, ply, true, goal->devices);
+  OrderedMoves moves(position, unpacked(known.move), quietMoves, true, goal->devices);
   while (const Move move = moves.next()) {
     if (!inCheck && uses(staticExchanges) && moves.isLosing()) break;
     Position next = position;
