@@ -114,6 +114,7 @@ TEST(PlayTime, NeverSpendsWhatIsNotThere) {
   const Milliseconds overhead{10};
   EXPECT_FALSE(timeLimits({}, overhead));
   EXPECT_EQ(timeLimits({{}, 0ms, 0, 500ms}, overhead)->hard, 490ms);
+  EXPECT_EQ(timeLimits({{}, 0ms, 0, 100ms}, overhead)->hard, 95ms);
   for (const std::int64_t left : {-1000, 0, 1, 15, 50, 200, 1000, 60'000, 10'000'000}) {
     for (const std::int64_t increment : {0, 10, 1000, 100'000}) {
       for (const std::int32_t moves : {0, 1, 2, 40, 2'000'000'000}) {

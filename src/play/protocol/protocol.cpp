@@ -90,7 +90,7 @@ void Protocol::introduce() {
             "option name Hash type spin default 16 min 1 max "
          << mostMegabytes
          << "\noption name Ponder type check default false\n"
-            "option name Move Overhead type spin default 10 min 0 max "
+            "option name Move Overhead type spin default 30 min 0 max "
          << mostOverhead
          << "\noption name UCI_ShowWDL type check default false\n"
             "uciok"

@@ -70,7 +70,7 @@ class Protocol : private Onlooker {
   std::string network;
   std::string calibration;
   std::int32_t hash = 16;  // megabytes
-  Milliseconds overhead{10};
+  Milliseconds overhead{30};
   bool showsScores = false;  // as won, drawn and lost
 
   TranspositionTable table;
