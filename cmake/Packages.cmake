@@ -35,7 +35,9 @@ set(CPACK_COMPONENT_PROGRAMS_DESCRIPTION
 "learns to judge chess positions from played games
 quorvane-learn reads games in PGN and writes a network of weighted patterns of
 pieces, network.dat. quorvane-inspect shows what was learned: the patterns, the
-value of a position and its reasons, and how good the network is on games.")
+value of a position and its reasons, and how good the network is on games.
+quorvane-play plays by it in chess windows that speak UCI, and lets networks
+play matches.")
 
 set(library "evaluates chess positions by what quorvane-learn has learned")
 set(CPACK_DEBIAN_RUNTIME_PACKAGE_NAME libquorvane-evaluator${PROJECT_VERSION_MAJOR})

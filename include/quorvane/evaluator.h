@@ -10,7 +10,8 @@
  * A value is what the side to move may expect, in the unit in which the network was learned: mostly 40 to 100
  * at the end of a game that is won, more if the material was less even through the game, less the further off
  * the end is; 0 for a draw, and the same below zero for a loss. There is no greatest value. It is no number
- * of pawns; quorvane-inspect tells what a value means in points. */
+ * of pawns: quorvane_pawns makes one of it, with the material added, which a chess program that searches needs;
+ * a value alone is for judging quiet positions. */
 #ifndef QUORVANE_EVALUATOR_H_
 #define QUORVANE_EVALUATOR_H_
 
@@ -57,7 +58,8 @@ enum quorvane_status {
   QUORVANE_SQUARE_TAKEN = 10,      /* two pieces stand on one square */
   QUORVANE_KING_COUNT = 11,        /* a side has no king, or more than one */
   QUORVANE_PAWN_ON_LAST_RANK = 12, /* a white pawn on rank 8 or a black one on rank 1 */
-  QUORVANE_SIDE_UNKNOWN = 13       /* the side to move is neither QUORVANE_WHITE nor QUORVANE_BLACK */
+  QUORVANE_SIDE_UNKNOWN = 13,      /* the side to move is neither QUORVANE_WHITE nor QUORVANE_BLACK */
+  QUORVANE_NO_CURVE = 14           /* the calibration has no curve for positions of this type */
 };
 
 /* The status in words, "two pieces stand on one square"; "unknown status" for a number that is none. Lives as
@@ -178,6 +180,40 @@ typedef struct quorvane_explanation {
 
 QUORVANE_API int quorvane_explain(const quorvane_network* network, const quorvane_position* position,
                                   quorvane_explanation* explanation) QUORVANE_NOEXCEPT;
+
+/* ---- Pawns and points ---- */
+
+/* What values of one network mean, as `quorvane-inspect validate --calibration` has found it on games; it does
+ * not change. */
+typedef struct quorvane_calibration quorvane_calibration;
+
+/* Reads the calibration file `path`, UTF-8, of the network; where `path` is null, the one beside it, that is
+ * NETWORK.calibration.json. Null on failure, also if it is that of another network, with the reason in `error`
+ * as quorvane_network_open gives it. Needs the network no longer. The caller closes it. */
+QUORVANE_API quorvane_calibration* quorvane_calibration_open(const quorvane_network* network,
+                                                             const char* path, char* error,
+                                                             size_t error_size) QUORVANE_NOEXCEPT;
+
+/* Frees the calibration; nothing happens with null. */
+QUORVANE_API void quorvane_calibration_close(quorvane_calibration* calibration) QUORVANE_NOEXCEPT;
+
+/* What a position is worth in pawns to the side to move, through the cache:
+ *
+ *     pawns = k value / 0.368208 + material
+ *
+ * with material as 1 3 3 5 9 and the k of the position's type from the calibration of the cache's network, or
+ * 0.03 for all types if `calibration` is null; for a type without patterns, material alone. This is what a
+ * search should ask for: games that a network is learned from hardly ever have a piece too few early on, so
+ * that its value alone does not see one that is lost. */
+QUORVANE_API int quorvane_pawns(quorvane_cache* cache, const quorvane_calibration* calibration,
+                                const quorvane_position* position, double* pawns) QUORVANE_NOEXCEPT;
+QUORVANE_API int quorvane_pawns_fen(quorvane_cache* cache, const quorvane_calibration* calibration,
+                                    const char* fen, double* pawns) QUORVANE_NOEXCEPT;
+
+/* What a value in positions of `type` means in points, from 0, lost, to 1, won: 1 / (1 + exp(-k value)).
+ * QUORVANE_NO_CURVE if values of this type mean nothing. */
+QUORVANE_API int quorvane_expected_score(const quorvane_calibration* calibration, int type, double value,
+                                         double* score) QUORVANE_NOEXCEPT;
 
 /* ---- Words ---- */
 

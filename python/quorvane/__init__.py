@@ -16,8 +16,9 @@ board it is read off the move stack, as far as that goes back.
 
 A value is what the side to move may expect, in the unit in which the network was learned: mostly 40 to 100 at the end
 of a game that is won, less the further off that is, 0 for a draw, and the same below zero for a loss. There is no
-greatest value, and it is no number of pawns. It is 0, too, of positions that the network knows nothing of, mostly
-endings of few pieces; `network.knows(position)` tells those from draws.
+greatest value, and it is no number of pawns: for that, and for a search, there is `Network.pawns`. It is 0, too, of
+positions that the network knows nothing of, mostly endings of few pieces; `network.knows(position)` tells those from
+draws.
 
 What cannot be evaluated raises `PositionError`, what cannot be read `NetworkError`; both are ValueErrors, and that for
 a file that is not there is a FileNotFoundError as well. The module

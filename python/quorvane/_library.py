@@ -92,6 +92,10 @@ _declare("quorvane_evaluate_cached", c_int, c_void_p, POINTER(Position), POINTER
 _declare(
     "quorvane_evaluate_fens", c_int, c_void_p, POINTER(c_char_p), c_size_t, POINTER(c_double), POINTER(c_size_t)
 )
+_declare("quorvane_calibration_open", c_void_p, c_void_p, c_char_p, c_char_p, c_size_t)
+_declare("quorvane_calibration_close", None, c_void_p)
+_declare("quorvane_pawns", c_int, c_void_p, c_void_p, POINTER(Position), POINTER(c_double))
+_declare("quorvane_expected_score", c_int, c_void_p, c_int, c_double, POINTER(c_double))
 _declare("quorvane_explain", c_int, c_void_p, POINTER(Position), POINTER(Worth))
 _declare("quorvane_feature_name", c_char_p, c_int, c_int, c_int)
 _declare("quorvane_type_name", c_char_p, c_int)

@@ -4,11 +4,12 @@ from __future__ import annotations
 
 import os
 import threading
+import warnings
 from collections.abc import Callable, Iterable
 from ctypes import byref, c_char_p, c_double, c_int, c_size_t, create_string_buffer
 from itertools import groupby, islice
 from types import TracebackType
-from typing import Any, NoReturn
+from typing import Any, NoReturn, TypeAlias
 
 from ._errors import MissingNetworkError, NetworkError, NetworkFileError, refused
 from ._explanation import Explanation, explanation_of
@@ -16,17 +17,21 @@ from ._library import Position, Worth, library, status_text
 from ._positions import NUL_IN_FEN, GivenPosition, encoded, read_position
 
 
+FileName: TypeAlias = str | bytes | os.PathLike[str] | os.PathLike[bytes]
+
+
 def open_network(
-    file: str | bytes | os.PathLike[str] | os.PathLike[bytes], *, guess_castled: bool = False
+    file: FileName, calibration: FileName | None = None, *, guess_castled: bool = False
 ) -> Network:
-    """Reads a network file.
+    """Reads a network file and a calibration of it, else the one beside it, FILE.calibration.json, if there is one.
 
     With `guess_castled`, a side of a FEN counts as having castled where it looks like it: the king on g1 or c1, a rook
     of its own beside it towards the centre, and none on the corner of that wing. Else nobody has castled in a FEN.
-    Raises NetworkError if the file is damaged; if it is not there, one that is a FileNotFoundError as well, and an
-    OSError if the system does not let it be read.
+    Raises NetworkError if a file is damaged, or if the calibration is that of another network; if it is not there, one
+    that is a FileNotFoundError as well, and an OSError if the system does not let it be read. A calibration that was
+    not asked for is then left aside with a warning.
     """
-    return Network(file, guess_castled=guess_castled)
+    return Network(file, calibration, guess_castled=guess_castled)
 
 
 class _Handle:
@@ -55,20 +60,21 @@ class Network:
     """
 
     def __init__(
-        self, file: str | bytes | os.PathLike[str] | os.PathLike[bytes], *, guess_castled: bool = False
+        self, file: FileName, calibration: FileName | None = None, *, guess_castled: bool = False
     ) -> None:
         self._name = os.fsdecode(file)
         self._guess_castled = guess_castled
-        path = os.fsencode(file)
-        if b"\0" in path:
-            raise _complaint(self._name, "the name of a file holds no NUL character")
-        error = create_string_buffer(512)
-        pointer = library.quorvane_network_open(path, error, len(error))
-        if pointer is None:
-            _raise_what_the_system_says(path, self._name)
-            raise NetworkError(os.fsdecode(error.value).encode(errors="backslashreplace").decode())
-        self._network: _Handle | None = _Handle(pointer, library.quorvane_network_close)
+        self._network: _Handle | None = _opened(file, library.quorvane_network_open, library.quorvane_network_close)
         self._caches = threading.local()  # one thread at a time may use a cache
+        self._calibration: _Handle | None = None
+        beside = os.fsencode(file) + b".calibration.json"
+        if calibration is not None:
+            self._calibration = _calibration(self._network, calibration)
+        elif os.path.exists(beside):
+            try:
+                self._calibration = _calibration(self._network, beside)
+            except NetworkError as error:
+                warnings.warn(f"{error}, and is not used", stacklevel=3)
 
     def evaluate(self, position: GivenPosition) -> float:
         """The value of a FEN or a board, as the side to move sees it. Raises PositionError if it has none.
@@ -96,6 +102,34 @@ class Network:
                 else:
                     self._evaluate_each(cache, run, values)
         return values
+
+    def pawns(self, position: GivenPosition) -> float:
+        """What a FEN or a board is worth in pawns to the side to move: k value / 0.368208, and the material as 1 3 3 5 9.
+
+        This is what a search should ask for, as a network alone does not know what a lost piece is worth. The k of the
+        position's type comes from the calibration, and is 0.03 without one.
+        """
+        cache = self._cache()
+        pawns = c_double()
+        given = byref(self._read(position))
+        _check(library.quorvane_pawns(cache, self._calibration, given, byref(pawns)), position)
+        return pawns.value
+
+    def expected_score(self, position: GivenPosition) -> float | None:
+        """The points that the side to move may expect, from 0 to 1; None without a calibration of the position's type."""
+        calibration = self._calibration
+        value = self.evaluate(position)
+        score = c_double()
+        position_type = self.position_type(position)
+        if calibration is None:
+            return None
+        status = library.quorvane_expected_score(calibration, position_type, value, byref(score))
+        return score.value if status == 0 else None
+
+    @property
+    def calibrated(self) -> bool:
+        """Whether there is a calibration."""
+        return self._calibration is not None
 
     def explain(self, position: GivenPosition) -> Explanation:
         """What each piece of a FEN or a board is worth, and by which features."""
@@ -132,6 +166,7 @@ class Network:
     def close(self) -> None:
         self._network = None
         self._caches = threading.local()
+        self._calibration = None
 
     def __enter__(self) -> Network:
         self._open()
@@ -206,6 +241,27 @@ def _raise_what_the_system_says(path: bytes, name: str) -> None:
     except OSError as error:
         if not os.path.isdir(path):
             raise NetworkFileError(error.errno, error.strerror, name) from None
+
+
+def _opened(file: FileName, reader: Callable[..., Any], free: Callable[[Any], None]) -> _Handle:
+    """What `reader` reads from a file."""
+    path = os.fsencode(file)
+    if b"\0" in path:
+        raise _complaint(os.fsdecode(file), "the name of a file holds no NUL character")
+    error = create_string_buffer(512)
+    pointer = reader(path, error, len(error))
+    if pointer is None:
+        _raise_what_the_system_says(path, os.fsdecode(file))
+        raise NetworkError(os.fsdecode(error.value).encode(errors="backslashreplace").decode())
+    return _Handle(pointer, free)
+
+
+def _calibration(network: _Handle, file: FileName) -> _Handle:
+    return _opened(
+        file,
+        lambda *arguments: library.quorvane_calibration_open(network, *arguments),
+        library.quorvane_calibration_close,
+    )
 
 
 def _is_fen(position: GivenPosition) -> bool:

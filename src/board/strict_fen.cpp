@@ -35,10 +35,12 @@ StrictFen::StrictFen(std::string_view text) {
   side = takeField(text);
   if (side != "w" && side != "b") {
     fault = Fault::side;
-  } else if (!isCastling(takeField(text))) {
+  } else if (castling = takeField(text); !isCastling(castling)) {
     fault = Fault::castling;
-  } else if (!isEnPassant(takeField(text))) {
+  } else if (enPassant = takeField(text); !isEnPassant(enPassant)) {
     fault = Fault::enPassant;
+  } else {
+    counts = text;
   }
 }
 

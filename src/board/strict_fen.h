@@ -29,6 +29,10 @@ struct StrictFen {
   char letter = '\0';      // what is no piece there
   std::int64_t files = 0;  // of the rank
   std::string_view side;   // the field; empty if there is none, or the board is wrong
+  // The fields behind it, and what follows them; empty where there is none, or something before is wrong.
+  std::string_view castling;
+  std::string_view enPassant;
+  std::string_view counts;
 
   Side sideToMove() const { return side == "w" ? white : black; }
 

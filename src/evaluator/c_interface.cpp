@@ -3,6 +3,7 @@
 #include <exception>
 #include <memory>
 #include <new>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -12,7 +13,9 @@
 #include "configurations/position_type.h"
 #include "evaluator/given_position.h"
 #include "evaluator/learned_network.h"
+#include "evaluator/steepness.h"
 #include "evaluator/word_cache.h"
+#include "network/fingerprint.h"
 #include "network/strict_network.h"
 #include "quorvane/evaluator.h"
 
@@ -21,10 +24,17 @@ using namespace quorvane::evaluator;
 
 struct quorvane_network {
   LearnedNetwork learned;
+  std::string name;
+  std::string fingerprint;
 };
 
 struct quorvane_cache {
   WordCache words;
+  const LearnedNetwork& learned;
+};
+
+struct quorvane_calibration {
+  Steepness steepness;
 };
 
 namespace {
@@ -67,6 +77,24 @@ bool isType(int type) {
   return type >= 0 && type < positionTypeCount;
 }
 
+// What open(file) gives, which puts the name of the file that it opens into `file`; null where it throws, with the
+// file and the reason as text.
+template <typename Open>
+auto openedBy(Open open, char* error, std::size_t error_size) noexcept
+    -> decltype(open(std::declval<std::string&>())) {
+  std::string file;
+  try {
+    return open(file);
+  } catch (const std::bad_alloc&) {
+    putText(quorvane_status_text(QUORVANE_OUT_OF_MEMORY), error, error_size);
+  } catch (const std::exception& fault) {
+    putFault(file, fault.what(), error, error_size);
+  } catch (...) {
+    putFault(file, "cannot be read", error, error_size);
+  }
+  return nullptr;
+}
+
 constexpr std::pair<quorvane_status, const char*> statusTexts[] = {
     {QUORVANE_OK, "nothing is wrong"},
     {QUORVANE_NULL_POINTER, "a pointer is null that may not be"},
@@ -83,6 +111,7 @@ constexpr std::pair<quorvane_status, const char*> statusTexts[] = {
     {QUORVANE_KING_COUNT, "a side does not have exactly one king"},
     {QUORVANE_PAWN_ON_LAST_RANK, "a pawn stands on its last rank"},
     {QUORVANE_SIDE_UNKNOWN, "the side to move is neither White nor Black"},
+    {QUORVANE_NO_CURVE, "the calibration has no curve for positions of this type"},
 };
 
 }  // namespace
@@ -103,16 +132,13 @@ quorvane_network* quorvane_network_open(const char* path, char* error, size_t er
     putText(quorvane_status_text(QUORVANE_NULL_POINTER), error, error_size);
     return nullptr;
   }
-  try {
-    return new quorvane_network{LearnedNetwork(readStrictly(std::string(path)))};
-  } catch (const std::bad_alloc&) {
-    putText(quorvane_status_text(QUORVANE_OUT_OF_MEMORY), error, error_size);
-  } catch (const std::exception& fault) {
-    putFault(path, fault.what(), error, error_size);
-  } catch (...) {
-    putFault(path, "cannot be read", error, error_size);
-  }
-  return nullptr;
+  return openedBy(
+      [path](std::string& file) {
+        file = path;
+        const NetworkTable table = readStrictly(file);
+        return new quorvane_network{LearnedNetwork(table), file, fingerprintOf(table)};
+      },
+      error, error_size);
 }
 
 void quorvane_network_close(quorvane_network* network) noexcept {
@@ -132,7 +158,7 @@ int quorvane_network_knows_position(const quorvane_network* network,
 quorvane_cache* quorvane_cache_new(const quorvane_network* network) noexcept {
   if (network == nullptr) return nullptr;
   try {
-    return new quorvane_cache{WordCache(network->learned)};
+    return new quorvane_cache{WordCache(network->learned), network->learned};
   } catch (...) {
     return nullptr;
   }
@@ -219,6 +245,54 @@ int quorvane_explain(const quorvane_network* network, const quorvane_position* p
     piece.piece = static_cast<std::uint8_t>(side == white ? kind : kind + QUORVANE_BLACK_PAWN);
     piece.square = static_cast<std::uint8_t>(square);
   }
+  return QUORVANE_OK;
+}
+
+quorvane_calibration* quorvane_calibration_open(const quorvane_network* network, const char* path,
+                                                char* error, size_t error_size) noexcept {
+  if (network == nullptr) {
+    putText(quorvane_status_text(QUORVANE_NULL_POINTER), error, error_size);
+    return nullptr;
+  }
+  return openedBy(
+      [=](std::string& file) {
+        file = path != nullptr ? path : calibrationBeside(network->name);
+        return new quorvane_calibration{readSteepness(file, network->fingerprint)};
+      },
+      error, error_size);
+}
+
+void quorvane_calibration_close(quorvane_calibration* calibration) noexcept {
+  delete calibration;
+}
+
+int quorvane_pawns(quorvane_cache* cache, const quorvane_calibration* calibration,
+                   const quorvane_position* position, double* pawns) noexcept {
+  if (cache == nullptr || position == nullptr || pawns == nullptr) return QUORVANE_NULL_POINTER;
+  PositionSets sets;
+  const quorvane_status status = readPosition(*position, sets);
+  if (status != QUORVANE_OK) return status;
+  const PositionWords described = describe(sets);
+  std::optional<double> steepness;
+  if (cache->learned.knows(described.type))
+    steepness = calibration != nullptr ? calibration->steepness[described.type] : usualSteepness;
+  *pawns = pawnsOf(sets, steepness, evaluate(sets, described, cache->words));
+  return QUORVANE_OK;
+}
+
+int quorvane_pawns_fen(quorvane_cache* cache, const quorvane_calibration* calibration, const char* fen,
+                       double* pawns) noexcept {
+  if (cache == nullptr || fen == nullptr || pawns == nullptr) return QUORVANE_NULL_POINTER;
+  quorvane_position position;
+  const quorvane_status status = readFen(fen, position);
+  return status == QUORVANE_OK ? quorvane_pawns(cache, calibration, &position, pawns) : status;
+}
+
+int quorvane_expected_score(const quorvane_calibration* calibration, int type, double value,
+                            double* score) noexcept {
+  if (calibration == nullptr || score == nullptr) return QUORVANE_NULL_POINTER;
+  if (!isType(type) || !calibration->steepness[type]) return QUORVANE_NO_CURVE;
+  *score = expectedScore(*calibration->steepness[type], value);
   return QUORVANE_OK;
 }
 

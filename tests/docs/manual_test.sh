@@ -14,9 +14,9 @@ fail() { echo "$1" | tee -a failures; }
 same() { [ "$2" = "$3" ] || fail "$1: '$(paste -sd' ' <<<"$2")' instead of '$(paste -sd' ' <<<"$3")'"; }
 
 # Whether the pages are installed is not asked, and sentences made from other texts go on where they are.
-pages=("$build/quorvane-learn.1" "$project/man/quorvane-evaluator.3" ${inspect:+"${inspect%/*}/quorvane-inspect.1"})
+pages=("$build/quorvane-learn.1" "$project/man/quorvane-evaluator.3" "$build/src/play/quorvane-play.1" ${inspect:+"${inspect%/*}/quorvane-inspect.1"})
 mandoc -Tlint "${pages[@]}" | grep -vE 'not found: Xr quorvane-|new sentence, new line|longer than 80' >lint && fail "$(cat lint)"
-[ -z "$inspect" ] || same 'options on the page' "$(grep -c '^\.It Li "-' "${pages[2]}")" \
+[ -z "$inspect" ] || same 'options on the page' "$(grep -c '^\.It Li "-' "${pages[3]}")" \
   "$(for command in show explain validate compare games annotate report; do "$inspect" $command --help; done | grep -c '^ *-')"
 
 # What the header declares, quorvane-evaluator(3) has, and its example compiles.
@@ -56,5 +56,25 @@ offered $'more games\nmy games.pgn' report -o r.html --validate b.PGN m
 offered $'c.json\nmore games' validate b.PGN --curves ''
 offered notes.txt games notes
 offered 'network.dat' compare n
+
+
+# shellcheck source=/dev/null
+source "$project/completions/quorvane-play"
+# played EXPECTED WORD...: the same for quorvane-play.
+played() {
+  local expected=$1
+  shift
+  COMP_WORDS=(quorvane-play "$@")
+  COMP_CWORD=$#
+  _quorvane_play "$build/src/play/quorvane-play"
+  same "$*" "$(printf '%s\n' "${COMPREPLY[@]}" | sort)" "$expected"
+  COMPREPLY=()
+}
+played $'--help\n--version\nbench\nmatch' ''
+played $'--calibration\n--network\n--nodes' bench -
+played $'--pairs\n--pgn\n--plies' match a.dat b.dat --p
+played $'material\nmore games' match m
+played '' match a.dat b.dat --nodes ''
+played $'b.PGN\nmore games\nmy games.pgn' match a.dat b.dat --pgn ''
 
 [ ! -e failures ]

@@ -2,6 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
+
+#include "network/fingerprint.h"
 #include "pgn/pgn_database.h"
 #include "support/board_fixture.h"
 #include "support/evaluator_laws.h"
@@ -111,9 +114,9 @@ TEST(EvaluatorPositions, AreRefusedWithAReason) {
     EXPECT_EQ(quorvane_position_type(&changed, &type), status) << quorvane_status_text(status);
     EXPECT_EQ(type, status == QUORVANE_OK ? 13 : -1);
   }
-  for (int status = QUORVANE_OK; status <= QUORVANE_SIDE_UNKNOWN; ++status)
+  for (int status = QUORVANE_OK; status <= QUORVANE_NO_CURVE; ++status)
     EXPECT_STRNE(quorvane_status_text(status), "unknown status");
-  EXPECT_STREQ(quorvane_status_text(QUORVANE_SIDE_UNKNOWN + 1), "unknown status");
+  EXPECT_STREQ(quorvane_status_text(QUORVANE_NO_CURVE + 1), "unknown status");
 }
 
 TEST_F(EvaluatorOnBoard, EvaluatesManyUpToTheFirstThatIsNoFen) {
@@ -143,11 +146,16 @@ TEST_F(EvaluatorOnBoard, TakesNullPointersAndNamesOutOfRange) {
         quorvane_evaluate_cached(nullptr, &position, &value),
         quorvane_evaluate_fens(laws.openedCache(), nullptr, 1, &value, nullptr),
         quorvane_explain(laws.opened(), &position, nullptr),
-        quorvane_explain(laws.opened(), nullptr, &explanation)})
+        quorvane_explain(laws.opened(), nullptr, &explanation),
+        quorvane_pawns(nullptr, nullptr, &position, &value),
+        quorvane_pawns_fen(laws.openedCache(), nullptr, nullptr, &value),
+        quorvane_expected_score(nullptr, 13, 1.0, &value)})
     EXPECT_EQ(status, QUORVANE_NULL_POINTER);
   EXPECT_EQ(quorvane_cache_new(nullptr), nullptr);
   quorvane_cache_free(nullptr);
   quorvane_network_close(nullptr);
+  quorvane_calibration_close(nullptr);
+  EXPECT_EQ(quorvane_calibration_open(nullptr, nullptr, nullptr, 0), nullptr);
   EXPECT_EQ(quorvane_network_knows(nullptr, 6), 0);
   EXPECT_EQ(quorvane_network_knows(laws.opened(), 14), 0);
   EXPECT_EQ(quorvane_network_knows(laws.opened(), 13), 1);
@@ -183,6 +191,84 @@ TEST(EvaluatorNetworks, AreRefusedWithAReason) {
   EXPECT_EQ(quorvane_network_open("short.dat", little, 5), nullptr);
   EXPECT_EQ(std::string(little, sizeof little), std::string("shor\0\0", 6));
   EXPECT_EQ(quorvane_network_open("short.dat", nullptr, 100), nullptr);
+}
+
+TEST_F(EvaluatorOnBoard, MakesPawnsAndPointsByACalibration) {
+  const std::string fen = "rnbqkbn1/pppppppp/8/8/8/8/PPPPPPPP/RNBQKBNR w KQq - 0 1";
+  double value;
+  double pawns;
+  double score;
+  ASSERT_EQ(quorvane_evaluate_fen(laws.opened(), fen.c_str(), &value), QUORVANE_OK);
+  EXPECT_EQ(quorvane_pawns_fen(laws.openedCache(), nullptr, fen.c_str(), &pawns), QUORVANE_OK);
+  EXPECT_EQ(pawns, 0.03 * value / 0.368208 + 5.0);
+  const std::string print = fingerprintOf(networkTable);
+  writeFile(
+      "evaluator-laws.dat.calibration.json",
+      "{\"generator\": \"quorvane-inspect calibration\", \"fingerprint\": \"" + print +
+          "\",\n \"types\": [{\"steepness\": 5e-1, \"type\": 13}, {\"type\": 0, \"steepness\": null}]}");
+  quorvane_calibration* const read = quorvane_calibration_open(laws.opened(), nullptr, nullptr, 0);
+  ASSERT_NE(read, nullptr);
+  EXPECT_EQ(quorvane_pawns_fen(laws.openedCache(), read, fen.c_str(), &pawns), QUORVANE_OK);
+  EXPECT_EQ(pawns, 0.5 * value / 0.368208 + 5.0);
+  EXPECT_EQ(quorvane_pawns_fen(laws.openedCache(), read, "4k3/8/8/8/8/8/8/R3K3 b", &pawns), QUORVANE_OK);
+  EXPECT_EQ(pawns, -5.0);
+  EXPECT_EQ(quorvane_expected_score(read, 13, 2.0, &score), QUORVANE_OK);
+  EXPECT_DOUBLE_EQ(score, 1.0 / (1.0 + std::exp(-1.0)));
+  for (const int type : {-1, 0, 5, 14}) {
+    score = 7.0;
+    EXPECT_EQ(quorvane_expected_score(read, type, 2.0, &score), QUORVANE_NO_CURVE);
+    EXPECT_EQ(score, 7.0);
+  }
+  quorvane_calibration_close(read);
+}
+
+TEST_F(EvaluatorOnBoard, RefusesWhatIsNoCalibration) {
+  const std::string head = R"({"generator":"quorvane-inspect calibration","fingerprint":")";
+  const std::string fitting = head + fingerprintOf(networkTable) + R"(","types":[)";
+  const std::string k = R"({"type":6,"steepness":)";
+  constexpr const char* none = "is no calibration that quorvane-inspect has written";
+  const std::pair<std::string, const char*> cases[] = {
+      {fitting + k + "0.05}]}", ""},
+      {"\r\n\t " + fitting + k + R"(1E+1,"bands":[true,false,null,"\u00e9\n",-0,0.0]}]} )", ""},
+      {head + R"(0123456789abcdef","types":[]})", "is the calibration of another network"},
+      {"", none},
+      {"{}", none},
+      {"[]", none},
+      {R"({"generator":"something else"})", none},
+      {fitting + k + "-0.05}]}", none},
+      {fitting + k + "1e999}]}", none},
+      {fitting + k + "nan}]}", none},
+      {fitting + k + "0x1}]}", none},
+      {fitting + k + "01}]}", none},
+      {fitting + k + "1.}]}", none},
+      {fitting + k + ".5}]}", none},
+      {fitting + k + "+5}]}", none},
+      {fitting + k + "\"5\"}]}", none},
+      {fitting + R"({"type":14,"steepness":1}]})", none},
+      {fitting + R"({"type":1.5,"steepness":1}]})", none},
+      {fitting + R"({"type":6}]})", none},
+      {fitting + k + "1},]}", none},
+      {fitting + k + "1}", none},
+      {fitting + k + "1}]} x", none},
+      {fitting + k + R"(1,"x":"\q"}]})", none},
+      {fitting + k + R"(1,"x":"\u12g4"}]})", none},
+      {fitting + k + "1,\"x\":\"\n\"}]}", none},
+      {fitting + k + "1,\"x\":\"", none},
+      {std::string(1'000'000, '['), none},
+  };
+  for (const auto& [text, reason] : cases) {
+    writeFile("one.json", text);
+    char error[100] = "";
+    quorvane_calibration* const read =
+        quorvane_calibration_open(laws.opened(), "one.json", error, sizeof error);
+    EXPECT_EQ(std::string(error), *reason == '\0' ? "" : std::string("one.json: ") + reason)
+        << text.substr(0, 200);
+    EXPECT_EQ(read != nullptr, *reason == '\0');
+    quorvane_calibration_close(read);
+  }
+  char error[100] = "";
+  EXPECT_EQ(quorvane_calibration_open(laws.opened(), nullptr, error, sizeof error), nullptr);
+  EXPECT_STREQ(error, "evaluator-laws.dat.calibration.json: cannot be opened");
 }
 
 }  // namespace

@@ -6,6 +6,8 @@ import copy
 import doctest
 import errno
 import gc
+import json
+import math
 import os
 import pickle
 import subprocess
@@ -94,6 +96,38 @@ def test_a_closed_network_answers_nothing(random_network):
             ask(KINGS if ask != network.evaluate_many else [])
     with pytest.raises(quorvane.NetworkError), network:
         pass
+
+
+def test_pawns_and_expected_scores(learned_network, tmp_path):
+    fen = "rnbqkbnr/pppppppp/8/8/8/8/PPPPPPPP/RNBQKBN1 w Qkq - 0 1"
+    with quorvane.open_network(learned_network) as network:
+        assert not network.calibrated and network.expected_score(fen) is None
+        assert network.pawns(fen) == pytest.approx(0.03 * network.evaluate(fen) / 0.368208 - 5)
+        bare = "4k3/8/8/8/8/8/8/R3K3 b"  # of a type without patterns
+        assert network.pawns(bare) == -5
+    inspect = os.environ.get("QUORVANE_INSPECT") or pytest.skip("quorvane-inspect is not built")
+    copied = tmp_path / "network.dat"
+    copied.write_bytes(learned_network.read_bytes())
+    beside = tmp_path / "network.dat.calibration.json"
+    arguments = ["validate", GAMES, "--network", copied, "--calibration", beside]
+    subprocess.run([inspect, *map(str, arguments)], check=True, capture_output=True)
+    explained = subprocess.run(
+        [inspect, "explain", "--fen", fen, str(copied), "--json"], check=True, capture_output=True
+    )
+    expected = json.loads(explained.stdout)["expectedScore"]
+    for network in (quorvane.open_network(copied), quorvane.open_network(learned_network, beside)):
+        score = network.expected_score(fen)
+        assert network.calibrated and score == pytest.approx(expected, abs=1e-12)
+        assert network.pawns(fen) == pytest.approx(math.log(score / (1 - score)) / 0.368208 - 5)
+        assert network.expected_score(bare) is None
+    network.close()
+    with pytest.raises(quorvane.NetworkError, match="closed"):
+        network.pawns(fen)
+    with pytest.raises(quorvane.NetworkError, match="No such file.*none.json"):
+        quorvane.open_network(copied, tmp_path / "none.json")
+    beside.write_text("{}")
+    with pytest.warns(UserWarning, match="is no calibration .*, and is not used"):
+        assert not quorvane.open_network(copied).calibrated
 
 
 @pytest.mark.parametrize("library", ["/nowhere/lib.so", "libc.so.6"])

@@ -9,6 +9,7 @@
 #include "board/piece.h"
 #include "board/ring.h"
 #include "configurations/bit_names.h"
+#include "evaluator/steepness.h"
 #include "inspect/patterns/summary.h"
 #include "inspect/position/position.h"
 
@@ -38,11 +39,11 @@ ExplainedPiece explainPiece(const Piece& piece, ConfigurationWord word, const No
 // Reaches the board's members, as every class that works on the position does.
 class Explainer : public Position {
  public:
-  static Explanation explain(const NetworkTable& table) {
+  static Explanation explain(const NetworkTable& table, const std::optional<Calibration>& calibration) {
     const DescribedPosition position = described();
     const PositionType type = position.words.type;
     const Side mover = currentMove.sideToMove;
-    Explanation explanation{type, mover, patternCount(table[type]) != 0, {}, {}, false, {}};
+    Explanation explanation{type, mover, patternCount(table[type]) != 0, {}, {}, false, {}, 0.0};
     for (const Side side : {mover, opponent(mover)}) {
       for (const Piece& piece : Ring(kings[side])) {
         const ConfigurationWord word = position.words.words[piece.square];
@@ -50,6 +51,10 @@ class Explainer : public Position {
         explanation.sums[side] += explanation.pieces.back().value;
       }
     }
+    std::optional<double> steepness;
+    if (explanation.typeHasPatterns)
+      steepness = calibration ? calibration->types[type].steepness : evaluator::usualSteepness;
+    explanation.pawns = evaluator::pawnsOf(position.sets, steepness, explanation.total());
     return explanation;
   }
 };
@@ -57,7 +62,7 @@ class Explainer : public Position {
 }  // namespace
 
 Explanation explainPosition(const NetworkTable& table, const std::optional<Calibration>& calibration) {
-  Explanation explanation = Explainer::explain(table);
+  Explanation explanation = Explainer::explain(table, calibration);
   if (!calibration) return explanation;
   explanation.calibrated = true;
   explanation.expectedScore = calibration->expectedScore(explanation.type, explanation.total());

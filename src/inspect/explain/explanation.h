@@ -39,6 +39,7 @@ struct Explanation {
   Table<double, 2> sums;               // of the pieces, by side
   bool calibrated;                     // was there a calibration?
   std::optional<double> expectedScore;
+  double pawns;  // as a search needs them, with the material
 
   // As the side to move sees it.
   double total() const { return sums[sideToMove] - sums[opponent(sideToMove)]; }

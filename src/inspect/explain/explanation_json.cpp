@@ -46,6 +46,7 @@ Json totalsJson(const Explanation& explanation) {
           {"sideToMove", sideName(explanation.sideToMove)},
           {"total", explanation.total()},
           {"expectedScore", orNull(explanation.expectedScore)},
+          {"pawns", explanation.pawns},
           {"sums", {{"white", explanation.sums[white]}, {"black", explanation.sums[black]}}}};
 }
 

@@ -32,6 +32,7 @@ std::string headText(const Origin& origin, const Explanation& explanation,
   if (!place.empty()) text += wrapped(place, 0);
   text += std::string(sideName(explanation.sideToMove)) + " to move: " + withSign(explanation.total());
   if (explanation.expectedScore) text += ", expected score " + asPercent(*explanation.expectedScore);
+  text += ", " + withSign(explanation.pawns) + " pawns";
   text += "\nPosition type " + std::to_string(explanation.type) + ", " + typeName(explanation.type);
   if (!explanation.typeHasPatterns) text += "; the network has no patterns for it";
   text += '\n';

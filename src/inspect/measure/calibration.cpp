@@ -1,9 +1,6 @@
 #include "inspect/measure/calibration.h"
 
-#include <bit>
 #include <cmath>
-#include <cstdint>
-#include <cstdio>
 
 #include "inspect/measure/logistic_curve.h"
 
@@ -24,27 +21,7 @@ double steepnessOf(const Predictions& predictions) {
 
 std::optional<double> Calibration::expectedScore(PositionType type, double value) const {
   if (!types[type].hasPatterns || !std::isfinite(value)) return {};
-  return inspect::expectedScore(types[type].steepness, value);
-}
-
-// The 64-bit FNV-1a hash (Fowler, Noll and Vo).
-std::string fingerprintOf(const NetworkTable& table) {
-  std::uint64_t hash = 0xcbf29ce484222325U;
-  const auto add = [&hash](std::uint32_t number) {
-    for (int shift = 0; shift < 32; shift += 8) hash = (hash ^ (number >> shift & 0xff)) * 0x100000001b3U;
-  };
-  for (const NetworkRow& row : table) {
-    for (const NodeList& list : row) {
-      add(static_cast<std::uint32_t>(list.size()));
-      for (const PatternNode& node : list) {
-        add(node.mask);
-        add(std::bit_cast<std::uint32_t>(node.weight));
-      }
-    }
-  }
-  char text[17];
-  std::snprintf(text, sizeof text, "%016llx", static_cast<unsigned long long>(hash));
-  return text;
+  return quorvane::expectedScore(types[type].steepness, value);
 }
 
 Calibration calibrate(const std::string& networkName, const NetworkTable& table,

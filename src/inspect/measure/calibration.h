@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "inspect/measure/validation.h"
+#include "network/fingerprint.h"
 
 namespace quorvane::inspect {
 
@@ -31,9 +32,6 @@ struct Calibration {
   // From 0 to 1. Nothing for a type without patterns, and for a value that is not finite.
   std::optional<double> expectedScore(PositionType type, double value) const;
 };
-
-// Tells networks apart: 16 hexadecimal digits, worked out from all patterns and weights.
-std::string fingerprintOf(const NetworkTable& table);
 
 // Fits the curves on the games of a validation, which must be of `table`.
 Calibration calibrate(const std::string& networkName, const NetworkTable& table,

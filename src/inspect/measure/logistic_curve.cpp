@@ -1,7 +1,6 @@
 #include "inspect/measure/logistic_curve.h"
 
 #include <algorithm>
-#include <cassert>
 #include <cmath>
 
 namespace quorvane::inspect {
@@ -15,12 +14,6 @@ double totalLoss(double steepness, const std::vector<ScoredValue>& scored) {
 }
 
 }  // namespace
-
-double expectedScore(double steepness, double value) {
-  assert(steepness >= 0.0);
-  const double p = 1.0 / (1.0 + std::exp(-steepness * value));
-  return std::isnan(p) ? 0.5 : p;
-}
 
 double logLoss(double steepness, const ScoredValue& scored) {
   // With z = k v, log p = -log(1 + e^-z) and log(1 - p) = log p - z; so that nothing overflows, e is never

@@ -3,6 +3,8 @@
 
 #include <vector>
 
+#include "network/expected_score.h"
+
 namespace quorvane::inspect {
 
 // A value, and what the game brought to the side that it is of: 1 won, 0.5 drawn, 0 lost.
@@ -11,11 +13,7 @@ struct ScoredValue {
   double score;
 };
 
-// The expected score p(v) = 1 / (1 + exp(-k v)), from 0 to 1, for a k of at least 0: it rises with the value,
-// and 0 means 0.5. So does a value that is no number.
-double expectedScore(double steepness, double value);
-
-// The k of the greatest likelihood, that is of the greatest sum of s log p(v) + (1 - s) log(1 - p(v)). Never
+// The k of expectedScore, p(v) below, of the greatest likelihood, that is of the greatest sum of s log p(v) + (1 - s) log(1 - p(v)). Never
 // below 0: where greater values score worse, and where there is nothing to fit, it is 0.
 double fitSteepness(const std::vector<ScoredValue>& scored);
 

@@ -4,14 +4,8 @@
 #include <string>
 
 #include "board/board.h"
-#include "board/strict_fen.h"
 
 namespace quorvane::inspect {
-
-// What keeps a FEN from being that of a chess position, as far as the text alone tells: ranks that are not
-// eight of eight files, kings that are not one each, pawns on the first or last rank, a side to move that is
-// neither w nor b. Empty if there is nothing. What follows the side to move is not looked at.
-std::string faultIn(const StrictFen& fen);
 
 // What keeps the position on the board from being one: kings side by side, or the side not to move in check.
 // Empty if there is nothing.

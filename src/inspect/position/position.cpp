@@ -4,6 +4,7 @@
 
 #include "board/board_fen.h"
 #include "board/castled_guess.h"
+#include "board/fen_fault.h"
 #include "board/piece.h"
 #include "inspect/common/fault.h"
 #include "inspect/common/game_files.h"
