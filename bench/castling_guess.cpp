@@ -1,5 +1,6 @@
-// How far the value of a FEN, which does not tell who has castled, is from that of the position in its game: with
-// nobody taken for castled, and with those who look like it. In pawns, by the calibration beside the network:
+// How far the value of a FEN, which does not tell who has castled, is from that of the position in its game:
+// with nobody taken for castled, and with those who look like it. In pawns, by the calibration beside the
+// network:
 //
 //   castling_guess NETWORK FILE.pgn ...
 

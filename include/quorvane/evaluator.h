@@ -10,8 +10,8 @@
  * A value is what the side to move may expect, in the unit in which the network was learned: mostly 40 to 100
  * at the end of a game that is won, more if the material was less even through the game, less the further off
  * the end is; 0 for a draw, and the same below zero for a loss. There is no greatest value. It is no number
- * of pawns: quorvane_pawns makes one of it, with the material added, which a chess program that searches needs;
- * a value alone is for judging quiet positions. */
+ * of pawns: quorvane_pawns makes one of it, with the material added, which a chess program that searches
+ * needs; a value alone is for judging quiet positions. */
 #ifndef QUORVANE_EVALUATOR_H_
 #define QUORVANE_EVALUATOR_H_
 
@@ -71,17 +71,17 @@ QUORVANE_API const char* quorvane_status_text(int status) QUORVANE_NOEXCEPT;
 typedef struct quorvane_network quorvane_network;
 
 /* Reads the network file `path`, UTF-8, whole and strictly: what quorvane-learn has learned is taken, a file
- * that is cut short or damaged, or has a weight that is no finite number, is not. Null on failure, with the file
- * and the reason in `error`, one line ("network.dat: cannot be opened: No such file or directory"), cut to
- * `error_size` bytes with the NUL behind it; `error` may be null if `error_size` is 0. The caller closes the
- * network. */
+ * that is cut short or damaged, or has a weight that is no finite number, is not. Null on failure, with the
+ * file and the reason in `error`, one line ("network.dat: cannot be opened: No such file or directory"), cut
+ * to `error_size` bytes with the NUL behind it; `error` may be null if `error_size` is 0. The caller closes
+ * the network. */
 QUORVANE_API quorvane_network* quorvane_network_open(const char* path, char* error,
                                                      size_t error_size) QUORVANE_NOEXCEPT;
 
 /* Frees the network; nothing happens with null. Its caches go first. */
 QUORVANE_API void quorvane_network_close(quorvane_network* network) QUORVANE_NOEXCEPT;
 
-/* 1 if the network has patterns for positions of `type`, else 0: all of them are worth 0 then, as a draw is. */
+/* 1 if the network has patterns for positions of `type`, else 0: all of them are worth 0 then, as draws are. */
 QUORVANE_API int quorvane_network_knows(const quorvane_network* network, int type) QUORVANE_NOEXCEPT;
 
 typedef struct quorvane_cache quorvane_cache;
@@ -132,9 +132,10 @@ typedef struct quorvane_position {
  * is not looked at; none of it makes a difference to a value. A FEN does not tell who has castled: nobody. */
 QUORVANE_API int quorvane_read_fen(const char* fen, quorvane_position* position) QUORVANE_NOEXCEPT;
 
-/* Takes a side for one that has castled where it looks like it, and for one that has not where it does not: with
- * the king on g1 or c1, a rook of its own beside it towards the centre, and none on the corner of that wing; the
- * same for Black on the eighth rank. Nearer to the game than "nobody", for a FEN in the middle of one. */
+/* Takes a side for one that has castled where it looks like it, and for one that has not where it does not:
+ * with the king on g1 or c1, a rook of its own beside it towards the centre, and none on the corner of that
+ * wing; the same for Black on the eighth rank. Nearer to the game than "nobody", for a FEN in the middle of
+ * one. */
 QUORVANE_API int quorvane_guess_castled(quorvane_position* position) QUORVANE_NOEXCEPT;
 
 /* The type of a position by its material, 0 to 13; each type was learned on its own. */
@@ -142,8 +143,8 @@ QUORVANE_API int quorvane_position_type(const quorvane_position* position, int* 
 
 /* ---- Values ---- */
 
-/* 1 if the network has patterns for the type of the position, else 0, also for what is no position: a value of
- * 0 is none then. A table lookup beside the evaluation. */
+/* 1 if the network has patterns for the type of the position, else 0, also for what is no position: a value
+ * of 0 is none then. A table lookup beside the evaluation. */
 QUORVANE_API int quorvane_network_knows_position(const quorvane_network* network,
                                                  const quorvane_position* position) QUORVANE_NOEXCEPT;
 
@@ -183,13 +184,13 @@ QUORVANE_API int quorvane_explain(const quorvane_network* network, const quorvan
 
 /* ---- Pawns and points ---- */
 
-/* What values of one network mean, as `quorvane-inspect validate --calibration` has found it on games; it does
- * not change. */
+/* What values of one network mean, as `quorvane-inspect validate --calibration` has found it on games; it
+ * does not change. */
 typedef struct quorvane_calibration quorvane_calibration;
 
 /* Reads the calibration file `path`, UTF-8, of the network; where `path` is null, the one beside it, that is
- * NETWORK.calibration.json. Null on failure, also if it is that of another network, with the reason in `error`
- * as quorvane_network_open gives it. Needs the network no longer. The caller closes it. */
+ * NETWORK.calibration.json. Null on failure, also if it is that of another network, with the reason in
+ * `error` as quorvane_network_open gives it. Needs the network no longer. The caller closes it. */
 QUORVANE_API quorvane_calibration* quorvane_calibration_open(const quorvane_network* network,
                                                              const char* path, char* error,
                                                              size_t error_size) QUORVANE_NOEXCEPT;

@@ -5,8 +5,8 @@
 
 namespace quorvane {
 
-// Does a side look as if it had castled earlier in the game, which its pieces alone do not tell? Its king stands
-// where castling puts it, a rook beside it towards the centre, and none on the corner of that wing.
+// Does a side look as if it had castled earlier in the game, which its pieces alone do not tell? Its king
+// stands where castling puts it, a rook beside it towards the centre, and none on the corner of that wing.
 inline bool looksCastled(const PieceSets& pieces, Side side) {
   const Square king = pieces.king(side);
   if (relativeRank(side, rankOf(king)) != 0) return false;

@@ -77,8 +77,8 @@ bool isType(int type) {
   return type >= 0 && type < positionTypeCount;
 }
 
-// What open(file) gives, which puts the name of the file that it opens into `file`; null where it throws, with the
-// file and the reason as text.
+// What open(file) gives, which puts the name of the file that it opens into `file`; null where it throws,
+// with the file and the reason as text.
 template <typename Open>
 auto openedBy(Open open, char* error, std::size_t error_size) noexcept
     -> decltype(open(std::declval<std::string&>())) {

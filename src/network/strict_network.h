@@ -20,8 +20,8 @@ class DamagedNetwork : public std::runtime_error {
 // list is no forest of patterns in preorder with finite weights.
 NetworkTable readStrictly(std::istream& file);
 
-// The same of the file `name`, UTF-8; throws DamagedNetwork too if it "is a folder" or "cannot be opened", with the
-// system's reason.
+// The same of the file `name`, UTF-8; throws DamagedNetwork too if it "is a folder" or "cannot be opened",
+// with the system's reason.
 NetworkTable readStrictly(const std::string& name);
 
 }  // namespace quorvane

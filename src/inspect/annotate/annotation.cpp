@@ -42,8 +42,8 @@ class ChangedCopy {
   std::size_t copied = 0;
 };
 
-// A move and what stands behind it, up to the next one. What stands before the first move, behind the last that
-// can be read, and behind the result has no move.
+// A move and what stands behind it, up to the next one. What stands before the first move, behind the last
+// that can be read, and behind the result has no move.
 struct AnnotatedMove {
   std::size_t first;  // of its elements in the game
   bool isMove;
@@ -159,8 +159,8 @@ class Annotator : public Position {
     return element.kind == MoveElement::comment && !evalCommandsIn(element.text).empty();
   }
 
-  // The comment that takes the command of a move, or what it stands behind in a comment of its own. Many readers
-  // take one comment behind a move and no more.
+  // The comment that takes the command of a move, or what it stands behind in a comment of its own. Many
+  // readers take one comment behind a move and no more.
   static const MoveElement& placeOfNew(std::span<const MoveElement> own) {
     const auto takes = [](const MoveElement& element) {
       return element.kind == MoveElement::comment &&

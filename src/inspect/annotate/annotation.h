@@ -45,11 +45,11 @@ struct AnnotatingNetwork {
 
 // The text of a file of games with the value of the position behind each move, as White sees it: in place of
 // the [%eval ...] of the move's comment, or in front of all commands in that comment, or in a comment of its
-// own behind the move; a comment behind a
-// semicolon gets braces for it. Moves are read by the rules of chess, up to one that cannot be played; where there is no
-// value, behind that, in variations, and behind a move to a position that has no expected score, every
-// [%eval ...] is taken out. An Annotator tag of games with values gets the signature. Nothing else is changed.
-// Throws a Fault for a file that cannot be read or holds no games.
+// own behind the move; a comment behind a semicolon gets braces for it. Moves are read by the rules of chess,
+// up to one that cannot be played; where there is no value, behind that, in variations, and behind a move to
+// a position that has no expected score, every [%eval ...] is taken out. An Annotator tag of games with
+// values gets the signature. Nothing else is changed. Throws a Fault for a file that cannot be read or holds
+// no games.
 Annotation annotateGames(const std::string& file, const AnnotatingNetwork& network,
                          const ShowProgress& showProgress);
 

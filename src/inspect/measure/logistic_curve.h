@@ -13,8 +13,9 @@ struct ScoredValue {
   double score;
 };
 
-// The k of expectedScore, p(v) below, of the greatest likelihood, that is of the greatest sum of s log p(v) + (1 - s) log(1 - p(v)). Never
-// below 0: where greater values score worse, and where there is nothing to fit, it is 0.
+// The k of expectedScore, p(v) below, of the greatest likelihood, that is of the greatest sum of s log p(v) +
+// (1 - s) log(1 - p(v)). Never below 0: where greater values score worse, and where there is nothing to fit,
+// it is 0.
 double fitSteepness(const std::vector<ScoredValue>& scored);
 
 // -(s log p(v) + (1 - s) log(1 - p(v))), by natural logarithms: log 2 for a p of 0.5.

@@ -31,8 +31,8 @@ class Position : public Board {
     chess,    // those of a position that chess allows
     lenient,  // those that the utility takes in a FEN tag
   };
-  // Nobody has castled in it, or, if that is to be guessed, who looks like it. Throws a Fault that tells why the
-  // text is refused.
+  // Nobody has castled in it, or, if that is to be guessed, who looks like it. Throws a Fault that tells why
+  // the text is refused.
   static Origin setFen(const std::string& fen, Rules rules, bool guessCastling);
 
   // The position of the file's game `number`, from 1, behind its first `plies` moves, read by the rules of

@@ -20,8 +20,9 @@ enum class SanFault {
 // The same in a few words, behind "a move that".
 const char* textOf(SanFault fault);
 
-// Moves in standard algebraic notation, read by the rules of chess: who may go there is found by who may legally
-// go there. Castling may be written with zeros, signs may follow any move, both squares may be given (e2-e4).
+// Moves in standard algebraic notation, read by the rules of chess: who may go there is found by who may
+// legally go there. Castling may be written with zeros, signs may follow any move, both squares may be given
+// (e2-e4).
 struct SanMoves : public Board {
   // Plays an element of the game's text if it is a move. If it cannot be played, the position stays.
   static SanFault play(const MoveElement& element);
