@@ -15,13 +15,13 @@
 #include "inspect/annotate/eval_comment.h"
 #include "inspect/common/network_reader.h"
 #include "inspect/measure/calibration_file.h"
-#include "inspect/position/position.h"
-#include "inspect/position/san.h"
+#include "inspect/position/position_value.h"
+#include "inspect/position/san_game.h"
 
 namespace quorvane::inspect {
 namespace {
 
-class Distances : public Position {
+class Distances {
  public:
   Distances(const NetworkTable& table, const Calibration& curves) : calibration(curves), value(table) {}
 
@@ -30,12 +30,13 @@ class Distances : public Position {
     GamePartsReader parts(games);
     forEachGame(
         games.database, name, [](auto&&...) {},
-        [&](std::int32_t, const PgnGame& game) {
-          MoveText text(parts.next().moves);
-          setupPosition(game.placement, game.sideToMove);
+        [&](auto&&...) {
+          const GameParts game = parts.next();
+          MoveText text(game.moves);
+          SanGame replay(game);
           while (const std::optional<MoveElement> element = text.next()) {
-            if (SanMoves::play(*element) != SanFault::none) break;
-            if (element->kind == MoveElement::move) addPosition();
+            if (replay.play(*element) != SanFault::none) break;
+            if (element->kind == MoveElement::move) addPosition(replay.position());
           }
         });
   }
@@ -63,8 +64,7 @@ class Distances : public Position {
     return pawnsOfScore(calibration.expectedScore(position.words.type, value.of(position)).value());
   }
 
-  void addPosition() {
-    PositionSets sets = described().sets;
+  void addPosition(PositionSets sets) {
     const PositionType type = quorvane::describe(sets).type;
     if (!calibration.types[type].hasPatterns) return;
     const double inGame = pawnsOf(sets);

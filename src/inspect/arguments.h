@@ -37,6 +37,8 @@ struct Arguments {
   std::string calibration;  // read, but by validate written
   std::string curves;       // read by validate
 
+  std::uint64_t nodes = 0;  // of explain and annotate: to search behind each position; 0 for none
+
   // report, annotate
   std::string output;
 

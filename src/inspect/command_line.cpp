@@ -34,6 +34,10 @@ void addCalibration(CLI::App& command, Arguments& arguments) {
                      "Read expected scores from this file (else NETWORK.calibration.json if it is there)");
 }
 
+void addNodes(CLI::App& command, Arguments& arguments, const std::string& description) {
+  command.add_option("--nodes", arguments.nodes, description)->check(CLI::Range(100, 1'000'000'000));
+}
+
 void addShow(CLI::App& show, Arguments& arguments) {
   addNetwork(show, arguments, "network,--network");
   show.add_option("--type", arguments.type, "Only this position type, 0 to 13")
@@ -62,6 +66,7 @@ void addExplain(CLI::App& explain, Arguments& arguments) {
       .add_flag("--guess-castling", arguments.guessCastling,
                 "Take a side of a FEN for one that has castled where it looks like it")
       ->excludes(file);
+  addNodes(explain, arguments, "Search so many nodes as well");
   explain.add_option("--game", arguments.game, "Which game of the file, from 1")
       ->needs(file)
       ->check(CLI::Range(1, largestNumber));
@@ -96,6 +101,7 @@ void addAnnotate(CLI::App& annotate, Arguments& arguments) {
   annotate.add_option("-o,--output", arguments.output, "The file of annotated games to write")->required();
   addNetwork(annotate, arguments, "--network");
   addCalibration(annotate, arguments);
+  addNodes(annotate, arguments, "Values behind a search of so many nodes each");
   annotate.add_flag("--force", arguments.force, "Replace the output if it is there");
 }
 

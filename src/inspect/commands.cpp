@@ -148,7 +148,12 @@ void runExplain(const Arguments& arguments) {
   const Origin origin = arguments.gameFile.empty()
                             ? setFen(arguments.fen, arguments)
                             : Position::setGame(arguments.gameFile, arguments.game, arguments.ply);
-  const Explanation explanation = explainPosition(table, calibration);
+  Explanation explanation = explainPosition(table, calibration);
+  if (arguments.nodes != 0) {
+    if (!origin.position) throw Fault("FEN \"" + origin.fen + "\"", "cannot be searched");
+    LookAhead lookAhead(arguments.network, arguments.calibration, arguments.nodes);
+    explanation.searched = lookAhead.at(*origin.position, origin.earlierKeys);
+  }
   constexpr auto everything = std::numeric_limits<std::size_t>::max();
   print(arguments.json ? textOf(explainJson(arguments.network, origin, explanation,
                                             arguments.topOfPiece.value_or(everything)))
@@ -212,7 +217,10 @@ void runAnnotate(const Arguments& arguments) {
     throw Fault(arguments.network, "has no calibration; make one with: " + howToCalibrate(arguments.network));
   }
   const Calibration calibration = readCalibration(curves, fingerprintOf(table));
-  const AnnotatingNetwork by{table, calibration, signatureOf(arguments.network)};
+  std::optional<LookAhead> lookAhead;
+  if (arguments.nodes != 0) lookAhead.emplace(arguments.network, curves, arguments.nodes);
+  const AnnotatingNetwork by{table, calibration, signatureOf(arguments.network),
+                             lookAhead ? &*lookAhead : nullptr};
   const Annotation annotation = annotateGames(arguments.files.front(), by, progress());
   writeOutput(arguments.output, annotation.text);
   // Not on standard output, which may be what -o names.

@@ -10,8 +10,8 @@
 
 #include "inspect/annotate/eval_comment.h"
 #include "inspect/common/game_files.h"
-#include "inspect/position/position.h"
-#include "inspect/position/san.h"
+#include "inspect/position/position_value.h"
+#include "inspect/position/san_game.h"
 
 namespace quorvane::inspect {
 
@@ -47,7 +47,7 @@ class ChangedCopy {
 struct AnnotatedMove {
   std::size_t first;  // of its elements in the game
   bool isMove;
-  std::optional<double> pawns;  // of the position behind it, as White sees it
+  std::string command;  // that gives the value of the position behind it; empty if there is none
 };
 
 // The value of an Annotator tag that had this one before.
@@ -59,16 +59,16 @@ std::string signedBy(const std::string& signature, std::string_view before) {
   return nobody ? signature : std::string(before) + ", " + signature;
 }
 
-class Annotator : public Position {
+class Annotator {
  public:
   Annotator(GameText& games, const AnnotatingNetwork& by)
       : network(by), text(games.bytes.view()), parts(games), copy(text), value(by.table) {}
 
-  void addGame(std::int32_t number, const PgnGame& game) {
+  void addGame(std::int32_t number) {
     const GameParts read = parts.next();
-    setupPosition(game.placement, game.sideToMove);
-    playGame(read.moves, number);
-    const bool anyValue = std::ranges::any_of(moves, [](const auto& move) { return move.pawns.has_value(); });
+    if (network.lookAhead != nullptr) network.lookAhead->forget();
+    playGame(read, number);
+    const bool anyValue = std::ranges::any_of(moves, [](const auto& move) { return !move.command.empty(); });
     ++(anyValue ? tally.games : tally.withoutValues);
     if (anyValue) sign(read);
     for (const AnnotatedMove& move : moves) annotate(move);
@@ -78,33 +78,41 @@ class Annotator : public Position {
 
  private:
   // Leaves the game's elements and moves.
-  void playGame(std::string_view moveText, std::int32_t number) {
+  void playGame(const GameParts& game, std::int32_t number) {
     elements.clear();
-    moves.assign(1, {0, false, {}});
-    MoveText reader(moveText);
+    moves.assign(1, {0, false, ""});
+    MoveText reader(game.moves);
+    SanGame replay(game);
     bool readable = true;
     while (const std::optional<MoveElement> element = reader.next()) {
-      const SanFault fault = readable ? SanMoves::play(*element) : SanFault::none;
+      const SanFault fault = readable ? replay.play(*element) : SanFault::none;
       if (fault != SanFault::none) {
         readable = false;
         ++tally.unread.try_emplace(fault, UnreadGames{0, number, moves.size(), std::string(element->text)})
               .first->second.games;
-        moves.push_back({elements.size(), false, {}});
+        moves.push_back({elements.size(), false, ""});
       } else if (readable && element->kind == MoveElement::move) {
-        moves.push_back({elements.size(), true, pawnsOfBoard()});
+        moves.push_back({elements.size(), true, commandOf(replay)});
       }
       elements.push_back(*element);
-      if (element->kind == MoveElement::result) moves.push_back({elements.size(), false, {}});
+      if (element->kind == MoveElement::result) moves.push_back({elements.size(), false, ""});
     }
   }
 
-  std::optional<double> pawnsOfBoard() {
-    const DescribedPosition position = described();
+  std::string commandOf(const SanGame& replay) {
+    const play::Position& position = replay.position();
+    const double side = position.sideToMove == white ? 1.0 : -1.0;
+    if (network.lookAhead != nullptr) {
+      const Searched searched = network.lookAhead->at(position, replay.earlierKeys());
+      if (!searched.isOver && searched.movesToMate != 0)
+        return mateCommand(static_cast<std::int32_t>(side) * searched.movesToMate);
+      const bool isMated = searched.isOver && position.inCheck();
+      return evalCommand(side * (isMated ? -mostPawns : searched.pawns));
+    }
+    const PositionWords words = describe(position);
     const std::optional<double> expected =
-        network.calibration.expectedScore(position.words.type, value.of(position));
-    if (!expected) return {};
-    const double pawns = pawnsOfScore(*expected);
-    return currentMove.sideToMove == white ? pawns : -pawns;
+        network.calibration.expectedScore(words.type, value.of({position, words}));
+    return expected ? evalCommand(side * pawnsOfScore(*expected)) : "";
   }
 
   std::size_t placeOf(std::string_view part) const {
@@ -128,11 +136,11 @@ class Annotator : public Position {
   }
 
   void annotate(const AnnotatedMove& move) {
-    if (move.isMove) ++(move.pawns ? tally.moves : tally.unknownMoves);
-    const std::string command = move.pawns ? evalCommand(*move.pawns) : "";
+    const std::string& command = move.command;
+    if (move.isMove) ++(command.empty() ? tally.unknownMoves : tally.moves);
     const std::span<const MoveElement> own = elementsOf(move);
     const bool replaces = std::ranges::any_of(own, hasEval);
-    const MoveElement* const place = move.pawns && !replaces ? &placeOfNew(own) : nullptr;
+    const MoveElement* const place = !command.empty() && !replaces ? &placeOfNew(own) : nullptr;
     for (const MoveElement& element : own) {
       replaceEvals(element, element.kind == MoveElement::comment ? command : "");
       if (&element == place) putInto(element, command);
@@ -207,7 +215,7 @@ Annotation annotateGames(const std::string& file, const AnnotatingNetwork& netwo
   GameText games = loadGameText(file);
   Annotator annotator(games, network);
   forEachGame(games.database, file, showProgress,
-              [&](std::int32_t number, PgnGame& game) { annotator.addGame(number, game); });
+              [&](std::int32_t number, const PgnGame&) { annotator.addGame(number); });
   return annotator.finish();
 }
 

@@ -9,7 +9,8 @@
 
 #include "inspect/common/game_files.h"
 #include "inspect/measure/calibration.h"
-#include "inspect/position/san.h"
+#include "inspect/position/look_ahead.h"
+#include "inspect/position/san_game.h"
 
 namespace quorvane::inspect {
 
@@ -41,6 +42,7 @@ struct AnnotatingNetwork {
   const Calibration& calibration;
   // Of one line, without quotes and brackets; it begins with the name of the program and a blank.
   std::string signature;
+  LookAhead* lookAhead;  // if values are wanted behind a search, else null
 };
 
 // The text of a file of games with the value of the position behind each move, as White sees it: in place of

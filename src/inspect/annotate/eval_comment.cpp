@@ -35,6 +35,10 @@ std::string evalCommand(double pawns) {
   return "[%eval " + fixed(pawns, 2) + "]";
 }
 
+std::string mateCommand(std::int32_t moves) {
+  return "[%eval #" + std::to_string(moves) + "]";
+}
+
 std::vector<Stretch> evalCommandsIn(std::string_view comment) {
   constexpr std::string_view opening = "[%eval";
   std::vector<Stretch> commands;

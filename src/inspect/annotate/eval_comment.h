@@ -2,6 +2,7 @@
 #define QUORVANE_INSPECT_ANNOTATE_EVAL_COMMENT_H_
 
 #include <cstddef>
+#include <cstdint>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -16,6 +17,9 @@ double pawnsOfScore(double expectedScore);
 
 // "[%eval 0.35]", the command of a comment that gives a value in pawns, as White sees it.
 std::string evalCommand(double pawns);
+
+// "[%eval #3]", the same of a mate in so many moves, below 0 if Black mates.
+std::string mateCommand(std::int32_t moves);
 
 // A part of a text.
 struct Stretch {

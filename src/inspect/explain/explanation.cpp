@@ -43,7 +43,7 @@ class Explainer : public Position {
     const DescribedPosition position = described();
     const PositionType type = position.words.type;
     const Side mover = currentMove.sideToMove;
-    Explanation explanation{type, mover, patternCount(table[type]) != 0, {}, {}, false, {}, 0.0};
+    Explanation explanation{type, mover, patternCount(table[type]) != 0, {}, {}, false, {}, 0.0, {}};
     for (const Side side : {mover, opponent(mover)}) {
       for (const Piece& piece : Ring(kings[side])) {
         const ConfigurationWord word = position.words.words[piece.square];

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "inspect/measure/calibration.h"
+#include "inspect/position/look_ahead.h"
 #include "network/network_table.h"
 
 namespace quorvane::inspect {
@@ -39,7 +40,8 @@ struct Explanation {
   Table<double, 2> sums;               // of the pieces, by side
   bool calibrated;                     // was there a calibration?
   std::optional<double> expectedScore;
-  double pawns;  // as a search needs them, with the material
+  double pawns;                      // as a search needs them, with the material
+  std::optional<Searched> searched;  // if it was
 
   // As the side to move sees it.
   double total() const { return sums[sideToMove] - sums[opponent(sideToMove)]; }

@@ -39,6 +39,15 @@ Json decidingJson(PositionType type, const DecidingPattern& pattern) {
   return json;
 }
 
+Json searchedJson(const Searched& searched) {
+  const bool mates = searched.movesToMate != 0;
+  return {{"nodes", searched.nodes},
+          {"depth", searched.depth},
+          {"pawns", mates ? Json() : Json(searched.pawns)},
+          {"movesToMate", mates ? Json(searched.movesToMate) : Json()},
+          {"moves", searched.moves}};
+}
+
 // What the position as a whole is worth.
 Json totalsJson(const Explanation& explanation) {
   return {{"type", explanation.type},
@@ -62,6 +71,7 @@ Json explainJson(const std::string& networkName, const Origin& origin, const Exp
             {"players", {{"white", orNull(origin.white)}, {"black", orNull(origin.black)}}},
             {"move", orNull(origin.move)}};
   json.update(totalsJson(explanation));
+  if (explanation.searched) json["searched"] = searchedJson(*explanation.searched);
   json["pieces"] = arrayOf(explanation.pieces, pieceJson);
   json["deciding"] = arrayOf(decidingPatterns(explanation, decidingPatternsTold), patternJson);
   return json;

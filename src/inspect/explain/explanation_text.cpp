@@ -22,6 +22,20 @@ std::string pieceName(const ExplainedPiece& piece) {
   return std::string(kindName(piece.kind)) + " " + squareName(piece.square);
 }
 
+std::string searchedText(const Searched& searched) {
+  if (searched.isOver) return "The game is over.\n";
+  std::string text = "Behind " + counted(searched.nodes, "node") + ": ";
+  if (searched.movesToMate > 0)
+    text += "mates in " + std::to_string(searched.movesToMate);
+  else if (searched.movesToMate < 0)
+    text += "is mated in " + std::to_string(-searched.movesToMate);
+  else
+    text += withSign(searched.pawns) + " pawns";
+  text += ", depth " + std::to_string(searched.depth) + ",";
+  for (const std::string& move : searched.moves) text += " " + move;
+  return wrapped(text, 4);
+}
+
 std::string headText(const Origin& origin, const Explanation& explanation,
                      const std::string& howToCalibrate) {
   std::string text = wrapped(printable(origin.fen, 200), 0);
@@ -36,6 +50,7 @@ std::string headText(const Origin& origin, const Explanation& explanation,
   text += "\nPosition type " + std::to_string(explanation.type) + ", " + typeName(explanation.type);
   if (!explanation.typeHasPatterns) text += "; the network has no patterns for it";
   text += '\n';
+  if (explanation.searched) text += searchedText(*explanation.searched);
   return explanation.calibrated ? text : text + wrapped("For expected scores: " + howToCalibrate, 4);
 }
 

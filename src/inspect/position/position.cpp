@@ -2,7 +2,6 @@
 
 #include <cassert>
 
-#include "board/board_fen.h"
 #include "board/castled_guess.h"
 #include "board/fen_fault.h"
 #include "board/piece.h"
@@ -10,9 +9,21 @@
 #include "inspect/common/game_files.h"
 #include "inspect/common/text_columns.h"
 #include "inspect/position/fen_fault.h"
-#include "inspect/position/san.h"
+#include "inspect/position/san_game.h"
 
 namespace quorvane::inspect {
+
+namespace {
+
+std::optional<play::Position> chessPosition(const std::string& fen) {
+  try {
+    return play::Position(fen);
+  } catch (const play::BadPosition&) {
+    return {};  // in fields that say nothing of its value
+  }
+}
+
+}  // namespace
 
 Origin Position::setFen(const std::string& fen, Rules rules, bool guessCastling) {
   const std::string given = "FEN \"" + fen + "\"";
@@ -36,7 +47,7 @@ Origin Position::setFen(const std::string& fen, Rules rules, bool guessCastling)
   if (rules == Rules::chess) refuse(PositionFault::text());
   for (const Side side : {black, white})
     static_cast<King*>(kings[side])->castled = guessCastling && looksCastled(squaresOf, side);
-  return {fen, {}, {}, {}};
+  return {fen, {}, {}, {}, chessPosition(fen), {}};
 }
 
 Origin Position::setGame(const std::string& fileName, std::int32_t number, std::int32_t plies) {
@@ -46,29 +57,46 @@ Origin Position::setGame(const std::string& fileName, std::int32_t number, std::
     throw Fault(fileName, "has no game " + std::to_string(number) + "; the last is " +
                               std::to_string(gameCount(games.database)));
   }
-  GamePartsReader parts(games);
-  for (std::int32_t before = 1; before < number; ++before) parts.next();
-  MoveText text(parts.next().moves);
+  GamePartsReader reader(games);
+  for (std::int32_t before = 1; before < number; ++before) reader.next();
+  const GameParts parts = reader.next();
+  MoveText text(parts.moves);
+  SanGame replay(parts);
   const std::string place = "game " + std::to_string(number);
-  Origin origin{{}, tagValue(*game, "White"), tagValue(*game, "Black"), {}};
-  setupPosition(game->placement, game->sideToMove);
+  Origin origin{{}, tagValue(*game, "White"), tagValue(*game, "Black"), {}, {}, {}};
+  const std::int32_t first = replay.position().sideToMove == black ? 1 : 0;
   for (std::int32_t played = 0; played < plies;) {
     const std::optional<MoveElement> element = text.next();
     if (!element) {
       throw Fault(fileName,
                   place + " has no ply " + std::to_string(plies) + "; the last is " + std::to_string(played));
     }
-    if (const SanFault fault = SanMoves::play(*element); fault != SanFault::none) {
+    if (const SanFault fault = replay.play(*element); fault != SanFault::none) {
       throw Fault(fileName, place + " can be read up to ply " + std::to_string(played) + "; the next move, " +
                                 printable(element->text, longestToken) + ", " + textOf(fault));
     }
     if (element->kind != MoveElement::move || ++played != plies) continue;
-    const std::int32_t before = played - 1 + (game->sideToMove == black ? 1 : 0);
+    const std::int32_t before = played - 1 + first;
     origin.move = std::to_string(before / 2 + 1) + (before % 2 == 0 ? ". " : "... ");
     origin.move += element->text;
   }
-  origin.fen = BoardFen::text();
+  origin.fen = replay.position().fen();
+  origin.position = replay.position();
+  origin.earlierKeys = replay.earlierKeys();
+  put(replay.position());
   return origin;
+}
+
+void Position::put(const PositionSets& position) {
+  Placement placement;
+  for (const Side side : {black, white}) {
+    for (std::int32_t kind = 0; kind < pieceKindCount; ++kind) {
+      for (const Square square : Squares(position.pieces[side][kind]))
+        placement.append(side, static_cast<PieceKind>(kind), square);
+    }
+  }
+  setupPosition(placement, position.sideToMove);
+  for (const Side side : {black, white}) static_cast<King*>(kings[side])->castled = position.castled[side];
 }
 
 DescribedPosition Position::described() {

@@ -1,10 +1,14 @@
 #ifndef QUORVANE_INSPECT_POSITION_POSITION_H_
 #define QUORVANE_INSPECT_POSITION_POSITION_H_
 
+#include <cstdint>
+#include <optional>
 #include <string>
+#include <vector>
 
 #include "board/board.h"
 #include "inspect/position/position_value.h"
+#include "play/position/position.h"
 
 namespace quorvane::inspect {
 
@@ -16,6 +20,9 @@ struct Origin {
   std::string white;
   std::string black;
   std::string move;
+  // As chess has it, for a search; nothing for what chess does not know.
+  std::optional<play::Position> position;
+  std::vector<std::uint64_t> earlierKeys;  // of the positions of its game before it
 };
 
 // Keeps the board of the process while it lives, and puts positions on it. One at a time.
@@ -41,6 +48,9 @@ class Position : public Board {
 
   // The position on the board, which must have been set up.
   static DescribedPosition described();
+
+ private:
+  static void put(const PositionSets& position);
 };
 
 }  // namespace quorvane::inspect

@@ -54,12 +54,6 @@ constexpr const char* positions[] = {
     "r2qk2r/2pb1pp1/p1p3np/4p1b1/4P3/2P1BN2/PP3PPP/R2QRNK1 b kq - 1 13",
 };
 
-class Uninterested : public Onlooker {
- public:
-  bool endsNow(std::uint64_t) override { return false; }
-  bool isEnough(const Finding&) override { return false; }
-};
-
 }  // namespace
 
 std::string benchText(const Knowledge& knowledge, std::uint64_t nodes) {
@@ -67,7 +61,7 @@ std::string benchText(const Knowledge& knowledge, std::uint64_t nodes) {
   TranspositionTable table(megabytes);
   Judge judge(knowledge);
   Search search(judge, table);
-  Uninterested onlooker;
+  Onlooker onlooker;
   Goal goal;
   goal.nodes = nodes;
   std::uint64_t total = 0;

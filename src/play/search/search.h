@@ -33,14 +33,14 @@ struct Finding {
   std::vector<Move> line;  // empty only where there is no legal move
 };
 
-// Looks on while a search runs.
+// Looks on while a search runs; this one lets it run.
 class Onlooker {
  public:
   virtual ~Onlooker() = default;
   // Every few hundred nodes: has it to end?
-  virtual bool endsNow(std::uint64_t nodes) = 0;
+  virtual bool endsNow(std::uint64_t /*nodes*/) { return false; }
   // A depth has been searched: is that enough?
-  virtual bool isEnough(const Finding& finding) = 0;
+  virtual bool isEnough(const Finding& /*finding*/) { return false; }
 };
 
 // Alpha-beta search by iterative deepening (Slate and Atkin 1977).

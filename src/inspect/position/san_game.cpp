@@ -1,12 +1,11 @@
-#include "inspect/position/san.h"
+#include "inspect/position/san_game.h"
 
 #include <optional>
 #include <string_view>
 
 #include "board/decoded_move.h"
-#include "board/piece.h"
 #include "board/piece_letter.h"
-#include "board/pseudo_legal_moves.h"
+#include "board/strict_fen.h"
 
 namespace quorvane::inspect {
 
@@ -60,14 +59,27 @@ std::optional<SanMove> read(std::string_view san) {
   return read;
 }
 
-// The move of the generators that is wanted, none if this one is not. They leave out bishop and rook.
-std::optional<MoveRecord> wantedAs(const SanMove& wanted, MoveRecord move) {
-  if (!PseudoLegalMoves::fits(wanted.move, move)) return {};
-  if (wanted.castles && !isCastling(move.kind)) return {};
-  const bool promotes = move.kind >= promoteToQueen && move.kind <= promoteToRook;
-  if (promotes != (wanted.move.promotion != noPromotion) || move.kind == promoteToKnight) return {};
-  if (promotes) move.kind = promotionTo(wanted.move.promotion);
-  return move;
+bool isWanted(const SanMove& wanted, const play::Position& position, play::Move move) {
+  const auto kind = static_cast<MoveKind>(move.kind);
+  const auto agrees = [](std::int32_t asked, std::int32_t rankOrFile) {
+    return asked == anyRankOrFile || asked == rankOrFile;
+  };
+  return position.kindAt(move.from) == wanted.move.kind && (!wanted.castles || isCastling(kind)) &&
+         agrees(wanted.move.fromRank, rankOf(move.from)) && agrees(wanted.move.fromFile, fileOf(move.from)) &&
+         agrees(wanted.move.toRank, rankOf(move.to)) && agrees(wanted.move.toFile, fileOf(move.to)) &&
+         wanted.move.promotion == (move.promotes() ? std::int32_t{promotedKind(kind)} : noPromotion);
+}
+
+// The FEN of the game's tag; empty without one. What does not name castling rights gets all.
+std::string fenOf(const GameParts& parts) {
+  for (const std::string_view tag : parts.tags) {
+    const std::size_t begin = tag.find('"') + 1;
+    if (!tag.starts_with("[FEN") || begin == 0) continue;
+    const std::string_view text = tag.substr(begin, tag.rfind('"') - begin);
+    const StrictFen fen(text);
+    return std::string(text) + (fen.fault == StrictFen::Fault::none && fen.castling.empty() ? " KQkq" : "");
+  }
+  return {};
 }
 
 }  // namespace
@@ -78,31 +90,35 @@ const char* textOf(SanFault fault) {
                                    "fits no piece",
                                    "leaves the king in check",
                                    "fits more than one piece",
-                                   "comes with the other side in check",
-                                   "is one more than the board keeps"};
-  static_assert(std::size(texts) == static_cast<std::size_t>(SanFault::tooLong) + 1);
+                                   "starts from no position of chess"};
+  static_assert(std::size(texts) == static_cast<std::size_t>(SanFault::badStart) + 1);
   return texts[static_cast<std::size_t>(fault)];
 }
 
-SanFault SanMoves::play(const MoveElement& element) {
+SanGame::SanGame(const GameParts& parts) {
+  const std::string fen = fenOf(parts);
+  if (fen.empty()) return;
+  try {
+    reached = play::Position(fen);
+  } catch (const play::BadPosition&) {
+    startIsKnown = false;
+  }
+}
+
+SanFault SanGame::play(const MoveElement& element) {
   if (element.kind != MoveElement::move) return SanFault::none;
   const std::optional<SanMove> wanted = read(element.text);
   if (!wanted) return SanFault::unreadable;
-  if (history->depth + 2 >= depthLimit) return SanFault::tooLong;
-  if (history->depth == 0 && kings[opponent(currentMove.sideToMove)]->isAttacked())
-    return SanFault::opponentInCheck;
-  std::optional<MoveRecord> found;
-  bool anyFits = false;
-  for (const MoveRecord& generated : PseudoLegalMoves::of(wanted->move.kind)) {
-    const std::optional<MoveRecord> move = wantedAs(*wanted, generated);
-    if (!move) continue;
-    anyFits = true;
-    if (!PseudoLegalMoves::isLegal(*move)) continue;
-    if (found) return SanFault::ambiguous;
-    found = move;
-  }
-  if (!found) return anyFits ? SanFault::kingInCheck : SanFault::noPiece;
-  PseudoLegalMoves::makeIfLegal(*found);
+  if (!startIsKnown) return SanFault::badStart;
+  play::MoveList moves;
+  generateMoves(reached, false, moves);
+  moves.keepIf([&](play::Move move) { return isWanted(*wanted, reached, move); });
+  if (moves.empty()) return SanFault::noPiece;
+  moves.keepIf([&](play::Move move) { return reached.isLegal(move); });
+  if (moves.empty()) return SanFault::kingInCheck;
+  if (moves.size() > 1) return SanFault::ambiguous;
+  keys.push_back(reached.key);
+  reached.make(moves[0]);
   return SanFault::none;
 }
 
