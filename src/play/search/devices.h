@@ -16,12 +16,11 @@ enum Device : std::uint32_t {
   lateMoveReductions = 1U << 4,
   moveHistory = 1U << 5,
   staticExchanges = 1U << 6,
-  reverseFutility = 1U << 7,
-  futility = 1U << 8,
-  lateMovePruning = 1U << 9,
-  quiescence = 1U << 10
+  futility = 1U << 7,
+  lateMovePruning = 1U << 8,
+  quiescence = 1U << 9
 };
-inline constexpr std::uint32_t allDevices = (1U << 11) - 1;
+inline constexpr std::uint32_t allDevices = (1U << 10) - 1;
 
 inline constexpr std::pair<std::string_view, Device> deviceNames[] = {
     {"quiescence", quiescence},
@@ -31,7 +30,6 @@ inline constexpr std::pair<std::string_view, Device> deviceNames[] = {
     {"null-move", nullMove},
     {"late-move-reductions", lateMoveReductions},
     {"late-move-pruning", lateMovePruning},
-    {"reverse-futility", reverseFutility},
     {"futility", futility},
     {"history", moveHistory},
     {"static-exchanges", staticExchanges}};

@@ -111,7 +111,6 @@ std::int32_t Search::search(const Position& position, std::int32_t alpha, std::i
 
   if (!isLine && !inCheck && !isMate(beta)) {
     const std::int32_t judgement = known.judgement;
-    if (uses(reverseFutility) && depth <= 6 && judgement - 80 * depth >= beta) return judgement;
     if (uses(nullMove) && mayPass && depth >= 2 && judgement >= beta && hasPieces(position)) {
       Position passed = position;
       passed.passMove();
