@@ -65,7 +65,7 @@ class Search {
 
   std::int32_t searchRoot(const Position& position, std::int32_t depth, std::int32_t before);
   std::int32_t search(const Position& position, std::int32_t alpha, std::int32_t beta, std::int32_t depth,
-                      std::int32_t ply, bool mayPass);
+                      std::int32_t ply);
   std::int32_t searchMoves(const Position& position, std::int32_t alpha, std::int32_t beta,
                            std::int32_t depth, std::int32_t ply, const Remembered& known);
   std::int32_t quiesce(const Position& position, std::int32_t alpha, std::int32_t beta, std::int32_t ply);
