@@ -43,8 +43,9 @@ Finding Search::run(const Position& position, std::span<const std::uint64_t> ear
   finding.line = {legal[0]};
   for (std::int32_t depth = 1; depth <= std::min(wanted.depth, mostPlies - 1); ++depth) {
     lines[0].length = 0;
+    firstAtRoot = finding.line[0];
     const std::int32_t score = searchRoot(position, depth, finding.score);
-    // What was found until the end counts if the best move of the last depth has been searched.
+    // The best move of the last depth comes first, so that what was found until the end counts.
     if (lines[0].length > 0) {
       finding.line.assign(lines[0].moves.begin(), lines[0].moves.begin() + lines[0].length);
       finding.score = score;
@@ -113,7 +114,8 @@ std::int32_t Search::searchMoves(const Position& position, std::int32_t alpha, s
   Move bestMove{};
   std::int32_t moveCount = 0;
   MoveList quiet;
-  OrderedMoves moves(position, unpacked(known.move), quietMoves, false, goal->devices);
+  const Move first = ply == 0 ? firstAtRoot : unpacked(known.move);
+  OrderedMoves moves(position, first, quietMoves, false, goal->devices);
   while (const Move move = moves.next()) {
     if (ply == 0 && !goal->amongMoves.empty() &&
         std::ranges::find(goal->amongMoves, move) == goal->amongMoves.end()) {

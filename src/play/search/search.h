@@ -92,6 +92,7 @@ class Search {
   std::uint64_t nodes = 0;
   std::int32_t deepest = 0;
   bool ended = false;
+  Move firstAtRoot{};
   std::vector<std::uint64_t> keys;  // of the positions that led here
   std::size_t rootKeys = 0;         // how many of them stand before the root
   Table<Line, mostPlies> lines;     // the best found from each ply on
