@@ -1,6 +1,6 @@
 // node checked_games.mjs PROGRAM GAMES HOW [NETWORK]: lets quorvane-play play against itself and, every other game,
 // against a player of random moves, and checks every move, and how each game ends, by chess.js (npm install chess.js).
-// HOW is "nodes N", or "clock SECONDS INCREMENT": then a flag that falls is a loss, and the longest overrun is told.
+// HOW is "nodes N", or "clock SECONDS INCREMENT": then flags may fall.
 import { spawn } from 'node:child_process';
 import { createInterface } from 'node:readline';
 import { createRequire } from 'node:module';
@@ -14,6 +14,8 @@ class Engine {
     this.process = spawn(program, [], { stdio: ['pipe', 'pipe', 'inherit'] });
     this.waiting = [];
     createInterface({ input: this.process.stdout }).on('line', (line) => {
+      const time = line.match(/ time (\d+)/);
+      if (time) this.reported = Number(time[1]);
       if (this.waiting.length && line.startsWith(this.waiting[0].wanted)) this.waiting.shift().resolve(line);
     });
     if (network) this.say(`setoption name Network value ${network}`);
@@ -26,7 +28,7 @@ class Engine {
 let seed = 1;
 const random = (below) => { seed = (seed * 48271) % 2147483647; return seed % below; };
 const results = {};
-let moves = 0, forfeits = 0, worst = 0;
+let moves = 0, forfeits = 0, closest = Infinity, lost = 0;
 const engines = [new Engine(), new Engine()];
 for (let game = 0; game < Number(gameCount); ++game) {
   const againstRandom = kind === 'nodes' && game % 2 === 1;
@@ -53,7 +55,8 @@ for (let game = 0; game < Number(gameCount); ++game) {
       move = (await engine.ask(go, 'bestmove')).split(' ')[1];
       if (kind === 'clock') {
         const taken = performance.now() - begin;
-        worst = Math.max(worst, taken - clocks[turn]);
+        closest = Math.min(closest, clocks[turn] - taken);
+        lost = Math.max(lost, taken - engine.reported);
         clocks[turn] -= taken;
         if (clocks[turn] < 0) { ++forfeits; flag = true; }
         clocks[turn] += increment;
@@ -74,4 +77,7 @@ for (let game = 0; game < Number(gameCount); ++game) {
 for (const engine of engines) engine.say('quit');
 console.log(`${gameCount} games, ${moves} moves by the program, all legal`);
 for (const [key, count] of Object.entries(results).sort()) console.log(`${String(count).padStart(5)}  ${key}`);
-if (kind === 'clock') console.log(`${forfeits} flags fell; the closest move was ${(-worst).toFixed(0)} ms ahead of its flag`);
+if (kind === 'clock') {
+  console.log(`${forfeits} flags fell; the closest move came ${closest.toFixed(0)} ms before its flag`);
+  console.log(`between the program's clock and this one ${lost.toFixed(0)} ms were lost at most`);
+}

@@ -161,20 +161,13 @@ void Position::make(Move move) {
     key ^= positionKeys.castling[rights];
   }
   if (side == black) ++moveNumber;
-  const std::int32_t before = halfmoves;
-  passMove();
-  halfmoves = irreversible ? 0 : before + 1;
-  findCheckers();
-  if (kind == doubleStep) allowEnPassant((move.from + move.to) / 2);
-}
-
-void Position::passMove() {
+  halfmoves = irreversible ? 0 : halfmoves + 1;
   if (enPassant != noSquare) key ^= positionKeys.enPassant[fileOf(enPassant)];
   enPassant = noSquare;
-  sideToMove = opponent(sideToMove);
+  sideToMove = opponent(side);
   key ^= positionKeys.blackToMove;
-  halfmoves = 0;  // nothing before is repeated
-  checkers = 0;
+  findCheckers();
+  if (kind == doubleStep) allowEnPassant((move.from + move.to) / 2);
 }
 
 void Position::allowEnPassant(Square jumpedOver) {

@@ -41,8 +41,6 @@ class Position : public PositionSets {
 
   // Makes a legal move.
   void make(Move move);
-  // Gives the move to the other side, which must not be able to take the king then.
-  void passMove();
 
   PieceKind kindAt(Square square) const { return static_cast<PieceKind>(kinds[square]); }
   SquareSet occupied() const { return all[black] | all[white]; }

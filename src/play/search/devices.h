@@ -12,26 +12,22 @@ enum Device : std::uint32_t {
   aspirationWindows = 1U << 0,
   zeroWindows = 1U << 1,
   transpositions = 1U << 2,
-  nullMove = 1U << 3,
-  lateMoveReductions = 1U << 4,
-  moveHistory = 1U << 5,
-  staticExchanges = 1U << 6,
-  reverseFutility = 1U << 7,
-  futility = 1U << 8,
-  lateMovePruning = 1U << 9,
-  quiescence = 1U << 10
+  lateMoveReductions = 1U << 3,
+  moveHistory = 1U << 4,
+  staticExchanges = 1U << 5,
+  futility = 1U << 6,
+  lateMovePruning = 1U << 7,
+  quiescence = 1U << 8
 };
-inline constexpr std::uint32_t allDevices = (1U << 11) - 1;
+inline constexpr std::uint32_t allDevices = (1U << 9) - 1;
 
 inline constexpr std::pair<std::string_view, Device> deviceNames[] = {
     {"quiescence", quiescence},
     {"transposition-table", transpositions},
     {"zero-windows", zeroWindows},
     {"aspiration-windows", aspirationWindows},
-    {"null-move", nullMove},
     {"late-move-reductions", lateMoveReductions},
     {"late-move-pruning", lateMovePruning},
-    {"reverse-futility", reverseFutility},
     {"futility", futility},
     {"history", moveHistory},
     {"static-exchanges", staticExchanges}};

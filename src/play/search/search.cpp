@@ -6,9 +6,8 @@
 #include "play/search/exchange.h"
 
 // The devices are those of the textbooks, under their names in the Chess Programming Wiki: principal variation
-// search (Marsland and Campbell 1982), aspiration windows, transposition table (Greenblatt 1967), null move
-// (Donninger 1993), late move reductions and pruning, futility (Heinz 1998), quiescence (Harris 1975), mate
-// distance.
+// search (Marsland and Campbell 1982), aspiration windows, transposition table (Greenblatt 1967), late move
+// reductions and pruning, futility (Heinz 1998), quiescence (Harris 1975), mate distance.
 
 namespace quorvane::play {
 
@@ -16,12 +15,6 @@ namespace {
 
 constexpr std::int32_t infinite = mateScore + 1;
 constexpr std::uint64_t nodesBetweenLooks = 256;
-
-// The pieces without which a side to move may be better off if it could pass.
-bool hasPieces(const Position& position) {
-  const SideSets& own = position.pieces[position.sideToMove];
-  return (own[knightKind] | own[bishopKind] | own[rookKind] | own[queenKind]) != 0;
-}
 
 }  // namespace
 
@@ -50,8 +43,9 @@ Finding Search::run(const Position& position, std::span<const std::uint64_t> ear
   finding.line = {legal[0]};
   for (std::int32_t depth = 1; depth <= std::min(wanted.depth, mostPlies - 1); ++depth) {
     lines[0].length = 0;
+    firstAtRoot = finding.line[0];
     const std::int32_t score = searchRoot(position, depth, finding.score);
-    // What was found until the end counts if the best move of the last depth has been searched.
+    // The best move of the last depth comes first, so that what was found until the end counts.
     if (lines[0].length > 0) {
       finding.line.assign(lines[0].moves.begin(), lines[0].moves.begin() + lines[0].length);
       finding.score = score;
@@ -79,7 +73,7 @@ std::int32_t Search::searchRoot(const Position& position, std::int32_t depth, st
     beta = std::min(before + width, infinite);
   }
   for (;;) {
-    const std::int32_t score = search(position, alpha, beta, depth, 0, false);
+    const std::int32_t score = search(position, alpha, beta, depth, 0);
     if (ended || (score > alpha && score < beta)) return score;
     width *= 4;
     if (score <= alpha) alpha = width > 1000 ? -infinite : std::max(before - width, -infinite);
@@ -88,7 +82,7 @@ std::int32_t Search::searchRoot(const Position& position, std::int32_t depth, st
 }
 
 std::int32_t Search::search(const Position& position, std::int32_t alpha, std::int32_t beta,
-                            std::int32_t depth, std::int32_t ply, bool mayPass) {
+                            std::int32_t depth, std::int32_t ply) {
   const bool inCheck = position.inCheck();
   if (depth <= 0) return quiesce(position, alpha, beta, ply);
   if (!countNode(ply)) return 0;
@@ -108,20 +102,6 @@ std::int32_t Search::search(const Position& position, std::int32_t alpha, std::i
   } else if (known.judgement == Remembered::noJudgement) {
     known.judgement = static_cast<std::int16_t>(judge(position));
   }
-
-  if (!isLine && !inCheck && !isMate(beta)) {
-    const std::int32_t judgement = known.judgement;
-    if (uses(reverseFutility) && depth <= 6 && judgement - 80 * depth >= beta) return judgement;
-    if (uses(nullMove) && mayPass && depth >= 2 && judgement >= beta && hasPieces(position)) {
-      Position passed = position;
-      passed.passMove();
-      keys.push_back(position.key);
-      const std::int32_t score = -search(passed, -beta, -beta + 1, depth - 3 - depth / 4, ply + 1, false);
-      keys.pop_back();
-      if (ended) return 0;
-      if (score >= beta) return isMate(score) ? beta : score;
-    }
-  }
   return searchMoves(position, alpha, beta, depth, ply, known);
 }
 
@@ -134,7 +114,8 @@ std::int32_t Search::searchMoves(const Position& position, std::int32_t alpha, s
   Move bestMove{};
   std::int32_t moveCount = 0;
   MoveList quiet;
-  OrderedMoves moves(position, unpacked(known.move), quietMoves, false, goal->devices);
+  const Move first = ply == 0 ? firstAtRoot : unpacked(known.move);
+  OrderedMoves moves(position, first, quietMoves, false, goal->devices);
   while (const Move move = moves.next()) {
     if (ply == 0 && !goal->amongMoves.empty() &&
         std::ranges::find(goal->amongMoves, move) == goal->amongMoves.end()) {
@@ -150,7 +131,7 @@ std::int32_t Search::searchMoves(const Position& position, std::int32_t alpha, s
     }
     keys.push_back(position.key);
     const auto searched = [&](std::int32_t from, std::int32_t to, std::int32_t deep) {
-      return -search(next, -to, -from, deep, ply + 1, true);
+      return -search(next, -to, -from, deep, ply + 1);
     };
     std::int32_t score;
     if (moveCount == 1 || !uses(zeroWindows)) {

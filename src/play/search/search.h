@@ -65,7 +65,7 @@ class Search {
 
   std::int32_t searchRoot(const Position& position, std::int32_t depth, std::int32_t before);
   std::int32_t search(const Position& position, std::int32_t alpha, std::int32_t beta, std::int32_t depth,
-                      std::int32_t ply, bool mayPass);
+                      std::int32_t ply);
   std::int32_t searchMoves(const Position& position, std::int32_t alpha, std::int32_t beta,
                            std::int32_t depth, std::int32_t ply, const Remembered& known);
   std::int32_t quiesce(const Position& position, std::int32_t alpha, std::int32_t beta, std::int32_t ply);
@@ -92,6 +92,7 @@ class Search {
   std::uint64_t nodes = 0;
   std::int32_t deepest = 0;
   bool ended = false;
+  Move firstAtRoot{};
   std::vector<std::uint64_t> keys;  // of the positions that led here
   std::size_t rootKeys = 0;         // how many of them stand before the root
   Table<Line, mostPlies> lines;     // the best found from each ply on
