@@ -47,7 +47,7 @@ touch network.dat 'my games.pgn' b.PGN notes.txt c.json
 if [ -n "$inspect" ]; then
   offered $'explain' e
   offered $'--help\n--version' --
-  offered $'--calibration\n--force\n--help\n--network\n--output\n-h\n-o' annotate -
+  offered $'--calibration\n--force\n--help\n--network\n--nodes\n--output\n-h\n-o' annotate -
   offered $'king\nknight' show --kind = k
   offered '' explain --ply ''
 fi
