@@ -5,8 +5,7 @@
 namespace quorvane::inspect {
 
 std::string reportPage(const Json& data) {
-  const std::size_t mark = pageText.find(pageDataMark);
-  std::string page(pageText.substr(0, mark));
+  std::string page(pageBeforeData);
   // No name of a file can end the script that the data stand in.
   for (const char character : textOf(data, false)) {
     if (character == '<') {
@@ -15,7 +14,7 @@ std::string reportPage(const Json& data) {
       page += character;
     }
   }
-  return page.append(pageText.substr(mark + pageDataMark.size()));
+  return page.append(pageBehindData);
 }
 
 }  // namespace quorvane::inspect
