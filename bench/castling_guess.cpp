@@ -26,19 +26,15 @@ class Distances {
   Distances(const NetworkTable& table, const Calibration& curves) : calibration(curves), value(table) {}
 
   void addFile(const char* name) {
-    GameText games = loadGameText(name);
-    GamePartsReader parts(games);
-    forEachGame(
-        games.database, name, [](auto&&...) {},
-        [&](auto&&...) {
-          const GameParts game = parts.next();
-          MoveText text(game.moves);
-          SanGame replay(game);
-          while (const std::optional<MoveElement> element = text.next()) {
-            if (replay.play(*element) != SanFault::none) break;
-            if (element->kind == MoveElement::move) addPosition(replay.position());
-          }
-        });
+    const std::unique_ptr<const GameText> text = loadGameText(name);
+    for (const GameParts& game : text->games) {
+      MoveText moves(game.moves);
+      SanGame replay(game);
+      while (const std::optional<MoveElement> element = moves.next()) {
+        if (replay.play(*element) != SanFault::none) break;
+        if (element->kind == MoveElement::move) addPosition(replay.position());
+      }
+    }
   }
 
   void print() {

@@ -1,7 +1,9 @@
 #include "evaluator/steepness.h"
 
+#include <cerrno>
 #include <cmath>
 #include <fstream>
+#include <system_error>
 
 #include "evaluator/json_value.h"
 #include "files/file_name.h"
@@ -27,7 +29,7 @@ Steepness steepnessFrom(const JsonValue& json) {
 std::string textOf(const std::string& name) {
   constexpr std::streamsize longest = 16 * 1024 * 1024;
   std::ifstream file(pathOf(name), std::ios::binary);
-  if (!file) throw BadCalibration("cannot be opened");
+  if (!file) throw BadCalibration("cannot be opened: " + std::generic_category().message(errno));
   std::string text;
   char block[4096];
   do {

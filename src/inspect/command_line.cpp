@@ -34,8 +34,8 @@ void addCalibration(CLI::App& command, Arguments& arguments) {
                      "Read expected scores from this file (else NETWORK.calibration.json if it is there)");
 }
 
-void addNodes(CLI::App& command, Arguments& arguments, const std::string& description) {
-  command.add_option("--nodes", arguments.nodes, description)->check(CLI::Range(100, 1'000'000'000));
+CLI::Option* addNodes(CLI::App& command, Arguments& arguments, const std::string& description) {
+  return command.add_option("--nodes", arguments.nodes, description)->check(CLI::Range(100, 1'000'000'000));
 }
 
 void addShow(CLI::App& show, Arguments& arguments) {
@@ -57,8 +57,9 @@ void addExplain(CLI::App& explain, Arguments& arguments) {
   CLI::Option_group& source = *explain.add_option_group("position");
   source.require_option(1);
   source.add_option("--fen", arguments.fen, "The position as FEN");
-  source.add_option("--fens", arguments.fens,
-                    "A file of FENs, one a line (- for standard input); prints a line of JSON for each");
+  CLI::Option* const lines =
+      source.add_option("--fens", arguments.fens,
+                        "A file of FENs, one a line (- for standard input); prints a line of JSON for each");
   CLI::Option* const file =
       source.add_option("--pgn", arguments.gameFile, "The position from a game of this file");
   explain.add_flag("--lenient", arguments.lenient, "Take every FEN that the utility takes")->excludes(file);
@@ -66,7 +67,7 @@ void addExplain(CLI::App& explain, Arguments& arguments) {
       .add_flag("--guess-castling", arguments.guessCastling,
                 "Take a side of a FEN for one that has castled where it looks like it")
       ->excludes(file);
-  addNodes(explain, arguments, "Search so many nodes as well");
+  addNodes(explain, arguments, "Search so many nodes as well")->excludes(lines);
   explain.add_option("--game", arguments.game, "Which game of the file, from 1")
       ->needs(file)
       ->check(CLI::Range(1, largestNumber));

@@ -268,7 +268,7 @@ TEST_F(EvaluatorOnBoard, RefusesWhatIsNoCalibration) {
   }
   char error[100] = "";
   EXPECT_EQ(quorvane_calibration_open(laws.opened(), nullptr, error, sizeof error), nullptr);
-  EXPECT_STREQ(error, "evaluator-laws.dat.calibration.json: cannot be opened");
+  EXPECT_STREQ(error, "evaluator-laws.dat.calibration.json: cannot be opened: No such file or directory");
 }
 
 }  // namespace

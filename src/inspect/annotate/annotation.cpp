@@ -50,22 +50,27 @@ struct AnnotatedMove {
   std::string command;  // that gives the value of the position behind it; empty if there is none
 };
 
-// The value of an Annotator tag that had this one before.
+// The value of an Annotator tag that had this one before: names stay, our own of before is replaced.
 std::string signedBy(const std::string& signature, std::string_view before) {
   const std::string_view program = std::string_view(signature).substr(0, signature.find(' '));
   const std::size_t own = before.find(program);
-  if (own != std::string_view::npos) return std::string(before.substr(0, own)) + signature;
+  if (own != std::string_view::npos) {
+    // The program and its version, the network.
+    std::size_t end = before.find(", ", own);
+    if (end != std::string_view::npos) end = before.find(", ", end + 1);
+    const std::string_view behind = end == std::string_view::npos ? "" : before.substr(end);
+    return std::string(before.substr(0, own)) + signature + std::string(behind);
+  }
   const bool nobody = before.find_first_not_of("? ") == std::string_view::npos;
   return nobody ? signature : std::string(before) + ", " + signature;
 }
 
 class Annotator {
  public:
-  Annotator(GameText& games, const AnnotatingNetwork& by)
-      : network(by), text(games.bytes.view()), parts(games), copy(text), value(by.table) {}
+  Annotator(std::string_view games, const AnnotatingNetwork& by)
+      : network(by), text(games), copy(text), value(by.table) {}
 
-  void addGame(std::int32_t number) {
-    const GameParts read = parts.next();
+  void addGame(std::int32_t number, const GameParts& read) {
     if (network.lookAhead != nullptr) network.lookAhead->forget();
     playGame(read, number);
     const bool anyValue = std::ranges::any_of(moves, [](const auto& move) { return !move.command.empty(); });
@@ -121,15 +126,11 @@ class Annotator {
 
   // Says in the game's Annotator tag who gave the values.
   void sign(const GameParts& game) {
-    constexpr std::string_view opening = "[Annotator \"";
-    for (const std::string_view tag : game.tags) {
-      const std::size_t end = tag.rfind('"');
-      if (!tag.starts_with(opening) || end < opening.size()) continue;  // or it has no second quote
-      const std::string_view before = tag.substr(opening.size(), end - opening.size());
-      const std::size_t begin = placeOf(before);
-      return copy.replace(begin, begin + before.size(), signedBy(network.signature, before));
+    if (const std::optional<std::string_view> before = game.tagValue("Annotator")) {
+      const std::size_t begin = placeOf(*before);
+      return copy.replace(begin, begin + before->size(), signedBy(network.signature, *before));
     }
-    const std::string tag = std::string(opening) + network.signature + "\"]";
+    const std::string tag = "[Annotator \"" + network.signature + "\"]";
     if (game.tags.empty()) return copy.insert(placeOf(game.moves), tag + "\n\n");
     const std::size_t behind = placeOf(game.tags.back()) + game.tags.back().size();
     copy.insert(behind, (text.substr(behind).starts_with('\r') ? "\r\n" : "\n") + tag);
@@ -151,7 +152,11 @@ class Annotator {
     const std::size_t begin = placeOf(element.text);
     const std::size_t end = begin + element.text.size();
     if (element.kind != MoveElement::comment) return copy.insert(end, " { " + command + " }");
-    if (element.text.starts_with('{')) return copy.insert(begin + evalPlaceIn(element.text), command + " ");
+    if (element.text.starts_with('{')) {
+      // The utility takes a bracket that is glued to a word for a part of it, and what follows for tokens.
+      if (begin > 0 && !isSpace(text[begin - 1])) copy.insert(begin, " ");
+      return copy.insert(begin + evalPlaceIn(element.text), command + " ");
+    }
     // Behind a semicolon the utility would take the bracket for a tag's.
     copy.replace(begin, begin + 1, "{ " + command);
     copy.insert(end, " }");
@@ -170,8 +175,9 @@ class Annotator {
   // The comment that takes the command of a move, or what it stands behind in a comment of its own. Many
   // readers take one comment behind a move and no more.
   static const MoveElement& placeOfNew(std::span<const MoveElement> own) {
-    const auto takes = [](const MoveElement& element) {
-      return element.kind == MoveElement::comment &&
+    const auto takes = [&](const MoveElement& element) {
+      const bool follows = &element != own.data();
+      return element.kind == MoveElement::comment && !(follows && swallows(*(&element - 1))) &&
              (element.text.front() == '{' || element.text.find('}') == std::string_view::npos);
     };
     const auto withCommand = std::ranges::find_if(own, [&](const MoveElement& element) {
@@ -182,8 +188,14 @@ class Annotator {
     if (comment != own.end()) return *comment;
     // Glyphs stay next to their move, as programs write them.
     std::size_t last = 0;
-    while (last + 1 < own.size() && own[last + 1].kind == MoveElement::glyph) ++last;
+    while (last + 1 < own.size() && own[last + 1].kind == MoveElement::glyph && !swallows(own[last + 1]))
+      ++last;
     return own[last];
+  }
+
+  // The utility reads a glyph of one character together with the word behind it.
+  static bool swallows(const MoveElement& element) {
+    return element.kind == MoveElement::glyph && element.text.size() == 1;
   }
 
   // Takes them out where the command is empty.
@@ -199,7 +211,6 @@ class Annotator {
 
   const AnnotatingNetwork& network;
   std::string_view text;
-  GamePartsReader parts;
   ChangedCopy copy;
   AnnotationTally tally;
   PositionValue value;
@@ -212,10 +223,13 @@ class Annotator {
 
 Annotation annotateGames(const std::string& file, const AnnotatingNetwork& network,
                          const ShowProgress& showProgress) {
-  GameText games = loadGameText(file);
-  Annotator annotator(games, network);
-  forEachGame(games.database, file, showProgress,
-              [&](std::int32_t number, const PgnGame&) { annotator.addGame(number); });
+  const std::unique_ptr<const GameText> text = loadGameText(file);
+  const auto count = static_cast<std::int32_t>(text->games.size());
+  Annotator annotator(text->bytes, network);
+  for (std::int32_t number = 1; number <= count; ++number) {
+    annotator.addGame(number, text->games[static_cast<std::size_t>(number) - 1]);
+    showProgress(file, number, count);
+  }
   return annotator.finish();
 }
 

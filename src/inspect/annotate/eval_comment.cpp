@@ -53,18 +53,25 @@ std::vector<Stretch> evalCommandsIn(std::string_view comment) {
   return commands;
 }
 
+bool isSpace(char character) {
+  return whiteSpace.find(character) != std::string_view::npos;
+}
+
+// A line end may be that of a comment behind a semicolon, and stays.
 Stretch withItsSpace(std::string_view text, Stretch command) {
-  const auto isSpace = [&](std::size_t at) { return whiteSpace.find(text[at]) != std::string_view::npos; };
-  const auto grow = [&](Stretch stretch) {
-    while (stretch.begin > 0 && isSpace(stretch.begin - 1)) --stretch.begin;
-    while (stretch.end < text.size() && isSpace(stretch.end)) ++stretch.end;
+  const auto grow = [&](Stretch stretch, std::string_view blanks) {
+    const auto grows = [&](std::size_t at) { return blanks.find(text[at]) != std::string_view::npos; };
+    while (stretch.begin > 0 && grows(stretch.begin - 1)) --stretch.begin;
+    while (stretch.end < text.size() && grows(stretch.end)) ++stretch.end;
     return stretch;
   };
-  const Stretch all = grow(command);
+  constexpr std::string_view blanks = " \t";
+  const Stretch all = grow(command, whiteSpace);
   const bool opens = all.begin > 0 && text[all.begin - 1] == '{';
   const bool closes = all.end < text.size() && text[all.end] == '}';
-  if (opens && closes) return {grow({all.begin - 1, all.end}).begin, all.end + 1};
-  return closes ? Stretch{all.begin, command.end} : Stretch{command.begin, all.end};
+  if (opens && closes) return {grow({all.begin - 1, all.end}, blanks).begin, all.end + 1};
+  const Stretch line = grow(command, blanks);
+  return closes ? Stretch{line.begin, command.end} : Stretch{command.begin, line.end};
 }
 
 std::size_t evalPlaceIn(std::string_view comment) {

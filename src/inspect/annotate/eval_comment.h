@@ -30,6 +30,8 @@ struct Stretch {
 // All such commands in a comment, whatever value they give.
 std::vector<Stretch> evalCommandsIn(std::string_view comment);
 
+bool isSpace(char character);
+
 // What goes with such a command where nothing takes its place: the blanks in front of it or behind it, and a
 // comment that holds nothing else.
 Stretch withItsSpace(std::string_view text, Stretch command);

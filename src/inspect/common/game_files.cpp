@@ -1,10 +1,13 @@
 #include "inspect/common/game_files.h"
 
+#include <algorithm>
 #include <filesystem>
 #include <fstream>
+#include <sstream>
 
 #include "files/file_name.h"
 #include "inspect/common/fault.h"
+#include "inspect/common/move_text.h"
 
 namespace quorvane::inspect {
 
@@ -65,28 +68,73 @@ PgnDatabase loadGames(const std::string& fileName) {
   return database;
 }
 
-GameText loadGameText(const std::string& fileName) {
-  GameText text;
-  text.bytes << open(fileName).rdbuf();
-  text.bytes.clear();  // an empty file is no failure
-  text.database.load(text.bytes);
-  text.bytes.clear();
-  text.bytes.seekg(0);
-  refuseWithoutGames(text.database, fileName);
-  return text;
+namespace {
+
+// A tag ends at its bracket, one between quotes on its line aside.
+std::size_t endOfTag(std::string_view text, std::size_t begin) {
+  bool quoted = false;
+  for (std::size_t at = begin; at < text.size() && text[at] != '\n'; ++at) {
+    if (text[at] == '"' && text[at - 1] != '\\') quoted = !quoted;
+    if (text[at] == ']' && !quoted) return at + 1;
+  }
+  return std::min(text.find(']', begin), text.size() - 1) + 1;
 }
 
-GameParts GamePartsReader::next() {
-  GameParts parts;
-  TextBuilder ignored;
-  while (reader.atTag()) {
-    const TokenPlace tag = reader.readTag(ignored);
-    parts.tags.push_back(between(tag.begin, tag.end));
+std::vector<GameParts> gamesOf(std::string_view text) {
+  std::vector<GameParts> games;
+  for (std::size_t at = 0; at < text.size();) {
+    GameParts& game = games.emplace_back();
+    MoveText moves(text.substr(at));
+    while (!moves.next() && at + moves.position() < text.size()) {
+      const std::size_t begin = at + moves.position();
+      at = endOfTag(text, begin);
+      game.tags.push_back(text.substr(begin, at - begin));
+      moves = MoveText(text.substr(at));
+    }
+    const std::size_t first = std::min(text.find_first_not_of(" \t\n\v\f\r", at), text.size());
+    while (moves.next()) continue;
+    at += moves.position();
+    game.moves = text.substr(std::min(first, at), at - std::min(first, at));
   }
-  std::vector<TokenPlace> tokens;
-  reader.readTokens(ignored, tokens);
-  if (!tokens.empty()) parts.moves = between(tokens.front().begin, tokens.back().end);
-  return parts;
+  return games;
+}
+
+bool isGame(const GameParts& parts) {
+  if (!parts.tags.empty()) return true;
+  MoveText moves(parts.moves);
+  while (const std::optional<MoveElement> element = moves.next()) {
+    if (element->kind == MoveElement::move || element->kind == MoveElement::result) return true;
+  }
+  return false;
+}
+
+}  // namespace
+
+std::optional<std::string_view> GameParts::tagValue(std::string_view name) const {
+  std::optional<std::string_view> value;
+  for (const std::string_view tag : tags) {
+    const std::size_t begin = std::min(tag.find_first_not_of(" [\t"), tag.size());
+    const std::string_view rest = tag.substr(begin);
+    const auto small = [](char letter) {
+      return letter >= 'A' && letter <= 'Z' ? letter + ('a' - 'A') : letter;
+    };
+    const std::size_t quote = rest.find('"');
+    const std::size_t end = rest.rfind('"');
+    if (quote == end || !std::ranges::equal(rest.substr(0, name.size()), name, {}, small, small)) continue;
+    if (rest.substr(name.size(), quote - name.size()).find_first_not_of(" \t") == std::string_view::npos)
+      value = rest.substr(quote + 1, end - quote - 1);
+  }
+  return value;
+}
+
+std::unique_ptr<const GameText> loadGameText(const std::string& fileName) {
+  auto text = std::make_unique<GameText>();
+  std::ostringstream bytes;
+  bytes << open(fileName).rdbuf();
+  text->bytes = std::move(bytes).str();
+  text->games = gamesOf(text->bytes);
+  if (std::ranges::none_of(text->games, isGame)) throw Fault(fileName, "holds no games");
+  return text;
 }
 
 std::string tagValue(const PgnGame& game, std::string_view name) {

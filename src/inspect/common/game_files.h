@@ -3,13 +3,13 @@
 
 #include <cstdint>
 #include <functional>
-#include <sstream>
+#include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "pgn/pgn_database.h"
-#include "pgn/token_reader.h"
 
 namespace quorvane::inspect {
 
@@ -20,36 +20,24 @@ PgnDatabase loadAnyGames(const std::string& fileName);
 // game without tags, moves and result is none.
 PgnDatabase loadGames(const std::string& fileName);
 
-// The bytes of a file, and the games that the utility makes of them.
-struct GameText {
-  std::stringstream bytes;  // at their beginning
-  PgnDatabase database;
-};
-
-// The same as loadGames, with the bytes. Reads the file once, and so takes a pipe as well.
-GameText loadGameText(const std::string& fileName);
-
-// Where the parts of a game stand in its file.
+// A game in its text.
 struct GameParts {
   std::vector<std::string_view> tags;  // with their brackets
   std::string_view moves;              // all that stands behind them, comments included
+
+  // The value of the last tag of that name, in whatever letters; nothing without one, or without quotes.
+  std::optional<std::string_view> tagValue(std::string_view name) const;
 };
 
-// Finds the parts of the games, one after the other, as the database has cut them.
-class GamePartsReader {
- public:
-  // From the beginning of its bytes; `games` must outlive the reader and the parts.
-  explicit GamePartsReader(GameText& games) : text(games.bytes.view()), reader(games.bytes) {}
-  GameParts next();
-
- private:
-  std::string_view between(std::uint64_t begin, std::uint64_t end) const {
-    return text.substr(static_cast<std::size_t>(begin), static_cast<std::size_t>(end - begin));
-  }
-
-  std::string_view text;
-  TokenReader reader;
+// The bytes of a file, and its games as the PGN standard cuts them: a bracket in a comment or a variation begins
+// no tag. The utility cuts there, and so may count other games.
+struct GameText {
+  std::string bytes;
+  std::vector<GameParts> games;  // views of the bytes
 };
+
+// Reads the file once, and so takes a pipe as well. Throws a Fault as loadGames does.
+std::unique_ptr<const GameText> loadGameText(const std::string& fileName);
 
 std::int32_t gameCount(PgnDatabase& games);
 

@@ -51,22 +51,21 @@ Origin Position::setFen(const std::string& fen, Rules rules, bool guessCastling)
 }
 
 Origin Position::setGame(const std::string& fileName, std::int32_t number, std::int32_t plies) {
-  GameText games = loadGameText(fileName);
-  const PgnGame* const game = games.database.game(number - 1);
-  if (game == nullptr) {
+  const std::unique_ptr<const GameText> text = loadGameText(fileName);
+  if (static_cast<std::size_t>(number) > text->games.size()) {
     throw Fault(fileName, "has no game " + std::to_string(number) + "; the last is " +
-                              std::to_string(gameCount(games.database)));
+                              std::to_string(text->games.size()));
   }
-  GamePartsReader reader(games);
-  for (std::int32_t before = 1; before < number; ++before) reader.next();
-  const GameParts parts = reader.next();
-  MoveText text(parts.moves);
+  const GameParts& parts = text->games[static_cast<std::size_t>(number) - 1];
+  MoveText moves(parts.moves);
   SanGame replay(parts);
   const std::string place = "game " + std::to_string(number);
-  Origin origin{{}, tagValue(*game, "White"), tagValue(*game, "Black"), {}, {}, {}};
+  if (!replay.hasStart()) throw Fault(fileName, place + " starts from no position of chess");
+  const auto player = [&](std::string_view name) { return std::string(parts.tagValue(name).value_or("")); };
+  Origin origin{{}, player("White"), player("Black"), {}, {}, {}};
   const std::int32_t first = replay.position().sideToMove == black ? 1 : 0;
   for (std::int32_t played = 0; played < plies;) {
-    const std::optional<MoveElement> element = text.next();
+    const std::optional<MoveElement> element = moves.next();
     if (!element) {
       throw Fault(fileName,
                   place + " has no ply " + std::to_string(plies) + "; the last is " + std::to_string(played));

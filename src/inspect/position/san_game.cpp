@@ -35,6 +35,7 @@ char takeLast(std::string_view& text, std::string_view characters) {
 
 std::optional<SanMove> read(std::string_view san) {
   SanMove read;
+  if (san.ends_with("e.p.")) san.remove_suffix(4);
   while (takeLast(san, "+#!?") != '\0') continue;
   if (san == "O-O" || san == "0-0" || san == "O-O-O" || san == "0-0-0") {
     read.castles = true;
@@ -70,16 +71,14 @@ bool isWanted(const SanMove& wanted, const play::Position& position, play::Move 
          wanted.move.promotion == (move.promotes() ? std::int32_t{promotedKind(kind)} : noPromotion);
 }
 
-// The FEN of the game's tag; empty without one. What does not name castling rights gets all.
+// The FEN of the game's tag; empty without one. As in the utility, White is to move where it names nobody; what
+// does not name castling rights gets all.
 std::string fenOf(const GameParts& parts) {
-  for (const std::string_view tag : parts.tags) {
-    const std::size_t begin = tag.find('"') + 1;
-    if (!tag.starts_with("[FEN") || begin == 0) continue;
-    const std::string_view text = tag.substr(begin, tag.rfind('"') - begin);
-    const StrictFen fen(text);
-    return std::string(text) + (fen.fault == StrictFen::Fault::none && fen.castling.empty() ? " KQkq" : "");
-  }
-  return {};
+  std::string text(parts.tagValue("FEN").value_or(""));
+  if (text.empty()) return text;
+  if (text.find_first_of(" \t") == std::string::npos) text += " w";
+  const StrictFen fen(text);
+  return fen.fault == StrictFen::Fault::none && fen.castling.empty() ? text + " KQkq" : text;
 }
 
 }  // namespace
@@ -90,7 +89,7 @@ const char* textOf(SanFault fault) {
                                    "fits no piece",
                                    "leaves the king in check",
                                    "fits more than one piece",
-                                   "starts from no position of chess"};
+                                   "is played in no position of chess"};
   static_assert(std::size(texts) == static_cast<std::size_t>(SanFault::badStart) + 1);
   return texts[static_cast<std::size_t>(fault)];
 }

@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "inspect/common/game_files.h"
-#include "inspect/position/move_text.h"
+#include "inspect/common/move_text.h"
 #include "play/position/position.h"
 
 namespace quorvane::inspect {
@@ -35,7 +35,8 @@ class SanGame {
   // Plays the next element of the game's text if it is a move. If it cannot be played, the position stays.
   SanFault play(const MoveElement& element);
 
-  // The usual start where the game starts from no position of chess.
+  // Does the game start from a position of chess? No move can be played if not.
+  bool hasStart() const { return startIsKnown; }
   const play::Position& position() const { return reached; }
   // The keys of the positions before it, from the start of the game on.
   const std::vector<std::uint64_t>& earlierKeys() const { return keys; }

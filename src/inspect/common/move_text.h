@@ -1,5 +1,5 @@
-#ifndef QUORVANE_INSPECT_POSITION_MOVE_TEXT_H_
-#define QUORVANE_INSPECT_POSITION_MOVE_TEXT_H_
+#ifndef QUORVANE_INSPECT_COMMON_MOVE_TEXT_H_
+#define QUORVANE_INSPECT_COMMON_MOVE_TEXT_H_
 
 #include <optional>
 #include <string_view>
@@ -27,8 +27,10 @@ class MoveText {
   // `moves` must outlive the reader, and be all there is: what stands before it is looked at by nobody.
   explicit MoveText(std::string_view moves) : text(moves) {}
 
-  // Nothing at the end of the text.
+  // Nothing at the end of the text, or where the tags of another game begin.
   std::optional<MoveElement> next();
+  // Where the next element begins.
+  std::size_t position() const { return at; }
 
  private:
   MoveElement take(MoveElement::Kind kind, std::size_t end);
@@ -43,4 +45,4 @@ class MoveText {
 
 }  // namespace quorvane::inspect
 
-#endif  // QUORVANE_INSPECT_POSITION_MOVE_TEXT_H_
+#endif  // QUORVANE_INSPECT_COMMON_MOVE_TEXT_H_

@@ -1,4 +1,4 @@
-#include "inspect/position/move_text.h"
+#include "inspect/common/move_text.h"
 
 #include <algorithm>
 #include <array>
@@ -11,10 +11,15 @@ namespace {
 constexpr std::string_view whiteSpace = " \t\n\v\f\r";
 constexpr std::string_view endsWord = " \t\n\v\f\r{}()<;$";
 constexpr std::string_view digits = "0123456789";
-constexpr std::array<std::string_view, 4> results = {"1-0", "0-1", "1/2-1/2", "*"};
+constexpr std::array<std::string_view, 3> results = {"1-0", "0-1", "1/2-1/2"};
 
 bool isLetter(char character) {
   return (character >= 'a' && character <= 'z') || (character >= 'A' && character <= 'Z');
+}
+
+// [%clk 0:01:00] is none.
+bool beginsTag(std::string_view start) {
+  return start.size() == 2 && start[0] == '[' && (isLetter(start[1]) || start[1] == ' ');
 }
 
 MoveElement::Kind kindOf(std::string_view word) {
@@ -31,6 +36,7 @@ MoveElement::Kind kindOf(std::string_view word) {
 std::optional<MoveElement> MoveText::next() {
   at = std::min(text.find_first_not_of(whiteSpace, at), text.size());
   if (at == text.size()) return {};
+  if (beginsTag(text.substr(at, 2))) return {};
   switch (text[at]) {
     case '{':
       return take(MoveElement::comment, behind('}'));
@@ -43,6 +49,9 @@ std::optional<MoveElement> MoveText::next() {
     case '%':
       if (at == 0 || text[at - 1] == '\n') return take(MoveElement::other, behind('\n'));
       return word();
+    case '*':  // whatever stands behind it
+      hasEnded = true;
+      return take(MoveElement::result, at + 1);
     case ')':
     case '}':
       return take(MoveElement::other, at + 1);
