@@ -20,7 +20,7 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   std::istringstream input(text);
   std::ostringstream output;
   play::LineQueue lines(input);
-  play::Protocol(lines, output, "").run();
+  play::Protocol(lines, output, "", 1).run();
   std::istringstream said(output.str());
   for (std::string line; std::getline(said, line);) {
     if (!line.starts_with("bestmove ")) continue;

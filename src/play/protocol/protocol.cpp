@@ -40,8 +40,8 @@ std::string scoresText(std::int32_t score) {
 
 }  // namespace
 
-Protocol::Protocol(LineQueue& read, std::ostream& written, const std::string& named)
-    : input(read), output(written), network(named), table(hash) {
+Protocol::Protocol(LineQueue& read, std::ostream& written, const std::string& named, std::int32_t megabytes)
+    : input(read), output(written), network(named), table(megabytes) {
   setUpPlayer();
 }
 
@@ -139,7 +139,6 @@ void Protocol::setUpPlayer() {
 void Protocol::setHash(std::int64_t megabytes) {
   try {
     table.resize(static_cast<std::int32_t>(megabytes));
-    hash = static_cast<std::int32_t>(megabytes);
   } catch (const std::bad_alloc&) {
     tellText("no memory for a hash of " + std::to_string(megabytes) + " MB");
   }

@@ -19,8 +19,11 @@ namespace quorvane::play {
 // and what it cannot take it says in an `info string`.
 class Protocol : private Onlooker {
  public:
+  static constexpr std::int32_t usualHash = 16;  // megabytes
+
   // With the network file `network` to begin with, material alone if that is empty.
-  Protocol(LineQueue& read, std::ostream& written, const std::string& network);
+  Protocol(LineQueue& read, std::ostream& written, const std::string& network,
+           std::int32_t megabytes = usualHash);
 
   // Answers until "quit" or the end of the input.
   void run();
@@ -69,7 +72,6 @@ class Protocol : private Onlooker {
 
   std::string network;
   std::string calibration;
-  std::int32_t hash = 16;  // megabytes
   Milliseconds overhead{30};
   bool showsScores = false;  // as won, drawn and lost
 
