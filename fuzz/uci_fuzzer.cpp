@@ -1,5 +1,5 @@
-// Any lines pass as the protocol of a chess window: each search gets one answer, a legal move, and nothing ends
-// the program.
+// Any lines pass as the protocol of a chess window: each search gets one answer, a legal move, and nothing
+// ends the program.
 
 #include <sstream>
 #include <string>

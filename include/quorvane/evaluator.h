@@ -81,7 +81,8 @@ QUORVANE_API quorvane_network* quorvane_network_open(const char* path, char* err
 /* Frees the network; nothing happens with null. Its caches go first. */
 QUORVANE_API void quorvane_network_close(quorvane_network* network) QUORVANE_NOEXCEPT;
 
-/* 1 if the network has patterns for positions of `type`, else 0: all of them are worth 0 then, as draws are. */
+/* 1 if the network has patterns for positions of `type`, else 0: all of them are worth 0 then, as draws are.
+ * */
 QUORVANE_API int quorvane_network_knows(const quorvane_network* network, int type) QUORVANE_NOEXCEPT;
 
 typedef struct quorvane_cache quorvane_cache;

@@ -29,8 +29,8 @@ struct GameParts {
   std::optional<std::string_view> tagValue(std::string_view name) const;
 };
 
-// The bytes of a file, and its games as the PGN standard cuts them: a bracket in a comment or a variation begins
-// no tag. The utility cuts there, and so may count other games.
+// The bytes of a file, and its games as the PGN standard cuts them: a bracket in a comment or a variation
+// begins no tag. The utility cuts there, and so may count other games.
 struct GameText {
   std::string bytes;
   std::vector<GameParts> games;  // views of the bytes

@@ -71,8 +71,8 @@ bool isWanted(const SanMove& wanted, const play::Position& position, play::Move 
          wanted.move.promotion == (move.promotes() ? std::int32_t{promotedKind(kind)} : noPromotion);
 }
 
-// The FEN of the game's tag; empty without one. As in the utility, White is to move where it names nobody; what
-// does not name castling rights gets all.
+// The FEN of the game's tag; empty without one. As in the utility, White is to move where it names nobody;
+// what does not name castling rights gets all.
 std::string fenOf(const GameParts& parts) {
   std::string text(parts.tagValue("FEN").value_or(""));
   if (text.empty()) return text;

@@ -24,9 +24,9 @@ enum class SanFault {
 // The same in a few words, behind "a move that".
 const char* textOf(SanFault fault);
 
-// A game with moves in standard algebraic notation, read by the rules of chess: who may go there is found by who
-// may legally go there. Castling may be written with zeros, signs may follow any move, both squares may be given
-// (e2-e4).
+// A game with moves in standard algebraic notation, read by the rules of chess: who may go there is found by
+// who may legally go there. Castling may be written with zeros, signs may follow any move, both squares may
+// be given (e2-e4).
 class SanGame {
  public:
   // At the start of the game. A FEN tag that does not tell who may castle leaves it to king and rook.

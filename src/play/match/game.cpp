@@ -18,8 +18,8 @@ class UntilInterrupted : public Onlooker {
   const std::atomic<bool>& stop;
 };
 
-// Why the game is over where this position stands, with what White gets for it; null if it goes on. `keys` are
-// those of the positions before it, since one that cannot come again.
+// Why the game is over where this position stands, with what White gets for it; null if it goes on. `keys`
+// are those of the positions before it, since one that cannot come again.
 const char* endOf(const Position& position, const std::vector<std::uint64_t>& keys, std::int32_t& points) {
   points = 1;
   if (legalMoves(position).empty()) {

@@ -22,7 +22,8 @@ struct MatchScore {
   std::int64_t pairCount() const;
   // Of a game, 0 to 1; 1/2 before the first.
   double mean() const;
-  // Of the mean score of a pair; at least as if each outcome had come half a time too, where all are the same.
+  // Of the mean score of a pair; at least as if each outcome had come half a time too, where all are the
+  // same.
   double variance() const;
 };
 

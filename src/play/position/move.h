@@ -8,7 +8,8 @@
 
 namespace quorvane::play {
 
-// A move in few bytes, as lists and tables hold many; `kind` is a MoveKind that can be made. Move{} is no move.
+// A move in few bytes, as lists and tables hold many; `kind` is a MoveKind that can be made. Move{} is no
+// move.
 struct Move {
   std::uint8_t from;
   std::uint8_t to;

@@ -28,9 +28,9 @@ class LineQueue {
   // Waits for the next line; nothing at the end.
   std::optional<std::string> next();
 
-  // Takes out the lines that wait and for which `take` says so, in their order; it is told as well whether a line
-  // is the next one. Says whether no more can come. Those that were left once are not asked about again, until
-  // lookAgain.
+  // Takes out the lines that wait and for which `take` says so, in their order; it is told as well whether a
+  // line is the next one. Says whether no more can come. Those that were left once are not asked about again,
+  // until lookAgain.
   bool takeOut(const std::function<bool(const std::string&, bool isNext)>& take);
   void lookAgain();
 

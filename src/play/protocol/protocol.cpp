@@ -218,8 +218,8 @@ void Protocol::startSearch(Words words) {
   output << std::endl;
 }
 
-// A search that was told to go on until it is stopped has no answer before, even if nothing is left to find; but
-// what begins something new stops it too.
+// A search that was told to go on until it is stopped has no answer before, even if nothing is left to find;
+// but what begins something new stops it too.
 void Protocol::waitForStop() {
   while (current.waits && !current.stopped) {
     std::optional<std::string> line = input.next();

@@ -14,9 +14,9 @@
 
 namespace quorvane::play {
 
-// Speaks UCI, the universal chess interface of Stefan Meyer-Kahlen (2006), with chess windows. No line ends it
-// but "quit", and no answer is an illegal move: what it does not know it passes over, as the protocol demands,
-// and what it cannot take it says in an `info string`.
+// Speaks UCI, the universal chess interface of Stefan Meyer-Kahlen (2006), with chess windows. No line ends
+// it but "quit", and no answer is an illegal move: what it does not know it passes over, as the protocol
+// demands, and what it cannot take it says in an `info string`.
 class Protocol : private Onlooker {
  public:
   static constexpr std::int32_t usualHash = 16;  // megabytes

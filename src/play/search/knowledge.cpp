@@ -15,8 +15,8 @@ namespace quorvane::play {
 
 namespace {
 
-// Reads the file `name`; what is wrong with it begins with its name. What is no file at all, such as a pipe or
-// a device, may never end.
+// Reads the file `name`; what is wrong with it begins with its name. What is no file at all, such as a pipe
+// or a device, may never end.
 template <typename Read>
 auto readNamed(const std::string& name, Read read) {
   try {

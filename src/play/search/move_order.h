@@ -9,8 +9,8 @@
 
 namespace quorvane::play {
 
-// How often each quiet move, by its squares, has been good elsewhere in the search, deeper searches counting more
-// (the history heuristic, Schaeffer 1989).
+// How often each quiet move, by its squares, has been good elsewhere in the search, deeper searches counting
+// more (the history heuristic, Schaeffer 1989).
 class QuietMoves {
  public:
   // For a new search: forgets half of it.
@@ -30,8 +30,8 @@ class QuietMoves {
   Table<Table<Table<std::int16_t, squareCount>, squareCount>, 2> history{};
 };
 
-// The moves of a node one after the other, those that promise most first: the remembered one, winning and even
-// captures by what they take (MVV-LVA) and promotions, quiet moves by their history, losing captures.
+// The moves of a node one after the other, those that promise most first: the remembered one, winning and
+// even captures by what they take (MVV-LVA) and promotions, quiet moves by their history, losing captures.
 class OrderedMoves {
  public:
   // In a quiescence search of captures and promotions alone; all if the king is attacked.

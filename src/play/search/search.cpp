@@ -5,9 +5,9 @@
 
 #include "play/search/exchange.h"
 
-// The devices are those of the textbooks, under their names in the Chess Programming Wiki: principal variation
-// search (Marsland and Campbell 1982), aspiration windows, transposition table (Greenblatt 1967), late move
-// reductions and pruning, futility (Heinz 1998), quiescence (Harris 1975), mate distance.
+// The devices are those of the textbooks, under their names in the Chess Programming Wiki: principal
+// variation search (Marsland and Campbell 1982), aspiration windows, transposition table (Greenblatt 1967),
+// late move reductions and pruning, futility (Heinz 1998), quiescence (Harris 1975), mate distance.
 
 namespace quorvane::play {
 
