@@ -136,6 +136,7 @@ quorvane_network* quorvane_network_open(const char* path, char* error, size_t er
       [path](std::string& file) {
         file = path;
         const NetworkTable table = readStrictly(file);
+        // NOLINTNEXTLINE(bugprone-unhandled-exception-at-new): openedBy catches it
         return new quorvane_network{LearnedNetwork(table), file, fingerprintOf(table)};
       },
       error, error_size);
@@ -257,6 +258,7 @@ quorvane_calibration* quorvane_calibration_open(const quorvane_network* network,
   return openedBy(
       [=](std::string& file) {
         file = path != nullptr ? path : calibrationBeside(network->name);
+        // NOLINTNEXTLINE(bugprone-unhandled-exception-at-new): openedBy catches it
         return new quorvane_calibration{readSteepness(file, network->fingerprint)};
       },
       error, error_size);

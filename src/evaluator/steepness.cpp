@@ -27,7 +27,7 @@ Steepness steepnessFrom(const JsonValue& json) {
 
 // The text of a file, of which no calibration is longer.
 std::string textOf(const std::string& name) {
-  constexpr std::streamsize longest = 16 * 1024 * 1024;
+  constexpr std::streamsize longest = std::streamsize{16} * 1024 * 1024;
   std::ifstream file(pathOf(name), std::ios::binary);
   if (!file) throw BadCalibration("cannot be opened: " + std::generic_category().message(errno));
   std::string text;

@@ -28,7 +28,7 @@ std::atomic<bool> interrupted{false};
 
 // In the current folder, or beside the program; empty if there is none.
 std::string usualNetwork(const std::string& program) {
-  const std::string name = "network.dat";
+  std::string name = "network.dat";
   std::error_code error;
   if (fs::exists(pathOf(name), error)) return name;
   const std::size_t slash = program.find_last_of("/\\");

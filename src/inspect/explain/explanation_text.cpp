@@ -25,12 +25,13 @@ std::string pieceName(const ExplainedPiece& piece) {
 std::string searchedText(const Searched& searched) {
   if (searched.isOver) return "The game is over.\n";
   std::string text = "Behind " + counted(searched.nodes, "node") + ": ";
-  if (searched.movesToMate > 0)
+  if (searched.movesToMate > 0) {
     text += "mates in " + std::to_string(searched.movesToMate);
-  else if (searched.movesToMate < 0)
+  } else if (searched.movesToMate < 0) {
     text += "is mated in " + std::to_string(-searched.movesToMate);
-  else
+  } else {
     text += withSign(searched.pawns) + " pawns";
+  }
   text += ", depth " + std::to_string(searched.depth) + ",";
   for (const std::string& move : searched.moves) text += " " + move;
   return wrapped(text, 4);

@@ -216,7 +216,7 @@ std::int32_t Search::quiesce(const Position& position, std::int32_t alpha, std::
 std::int32_t Search::reduction(std::int32_t depth, std::int32_t moveCount) const {
   const auto halves = [](std::int32_t number) {
     const auto width = static_cast<std::int32_t>(std::bit_width(static_cast<std::uint32_t>(number)));
-    return 2 * width - 2 + (number >> (width - 2) & 1);  // of the logarithm
+    return 2 * width - 2 + (number >> std::max(width - 2, 0) & 1);  // of the logarithm
   };
   return halves(depth) * halves(moveCount) / 8;
 }
