@@ -24,7 +24,7 @@ std::string pieceName(const ExplainedPiece& piece) {
 
 std::string searchedText(const Searched& searched) {
   if (searched.isOver) return "The game is over.\n";
-  std::string text = "Behind " + counted(searched.nodes, "node") + ": ";
+  std::string text = "Behind " + counted(static_cast<std::size_t>(searched.nodes), "node") + ": ";
   if (searched.movesToMate > 0) {
     text += "mates in " + std::to_string(searched.movesToMate);
   } else if (searched.movesToMate < 0) {
