@@ -15,15 +15,14 @@ PgnScanner::PgnScanner(std::istream& input)
 
 bool PgnScanner::refill() {
   if (next != blockEnd) return true;
-  blocksBefore = position();
   file.read(block.data(), static_cast<std::streamsize>(block.size()));
   next = block.data();
   blockEnd = next + file.gcount();
   return next != blockEnd;
 }
 
-bool PgnScanner::readWord(TextBuilder& text) {
-  if (!skipWhiteSpace()) return false;
+void PgnScanner::readWord(TextBuilder& text) {
+  if (!skipWhiteSpace()) return;
   do {
     // Words are short: a call for each part of one would take longer than its characters.
     char* end = text.room(static_cast<std::size_t>(blockEnd - next));
@@ -33,19 +32,17 @@ bool PgnScanner::readWord(TextBuilder& text) {
     next = from;
     text.extendTo(end);
   } while (next == blockEnd && refill());
-  return true;
 }
 
-bool PgnScanner::readUpTo(char end, TextBuilder& text) {
+void PgnScanner::readUpTo(char end, TextBuilder& text) {
   while (refill()) {
     const char* const found = std::find(next, blockEnd, end);
     text.extendTo(std::copy(next, found, text.room(static_cast<std::size_t>(found - next))));
     next = found;
     if (found == blockEnd) continue;
     ++next;
-    return true;
+    return;
   }
-  return false;
 }
 
 }  // namespace quorvane

@@ -1,7 +1,6 @@
 #ifndef QUORVANE_PGN_PGN_SCANNER_H_
 #define QUORVANE_PGN_PGN_SCANNER_H_
 
-#include <cstdint>
 #include <istream>
 #include <vector>
 
@@ -28,17 +27,15 @@ class PgnScanner {
   }
 
   // Skips white space, then adds the characters up to the next white space, which stays in the file.
-  // Adds nothing at the end of the file, and says false.
-  bool readWord(TextBuilder& text);
+  // Adds nothing at the end of the file.
+  void readWord(TextBuilder& text);
 
   // Adds everything up to the first `end`, line ends included, and consumes `end`. The end of the file
-  // ends the text as well; false if it did.
-  bool readUpTo(char end, TextBuilder& text);
+  // ends the text as well.
+  void readUpTo(char end, TextBuilder& text);
 
   // No character was left for the last readCharacter.
   bool ended() const { return reachedEnd; }
-  // How many bytes of the file have been read.
-  std::uint64_t position() const { return blocksBefore + static_cast<std::uint64_t>(next - block.data()); }
 
  private:
   // Fills the block if it is used up; false at the end of the file.
@@ -61,7 +58,6 @@ class PgnScanner {
   std::vector<char> block;
   const char* next;  // what is left of the block
   const char* blockEnd;
-  std::uint64_t blocksBefore = 0;  // bytes
   char character = '\0';
   bool reachedEnd = false;
 };

@@ -30,18 +30,22 @@ same statuses "$(sed -n 's/^\.It Dv \(QUORVANE_[A-Z_]*\)$/\1/p' "${pages[1]}")" 
 page | sed -n '/^EXAMPLES/,/^SEE ALSO/p' | sed '1,/:$/d; /^SEE/d' >example.c
 cc -std=c99 -Wall -Wextra -Werror -fsyntax-only -I "$project/include" example.c 2>errors || fail "$(cat errors)"
 
-# offered EXPECTED WORD...: what completion offers for the last of the words, in order.
+# completes FUNCTION PROGRAM EXPECTED WORD...: what completion offers for the last of the words, in order.
 # shellcheck source=/dev/null
 source "$project/completions/quorvane-inspect"
-offered() {
-  local expected=$1
-  shift
-  COMP_WORDS=(quorvane-inspect "$@")
+# shellcheck source=/dev/null
+source "$project/completions/quorvane-play"
+completes() {
+  local complete=$1 program=$2 expected=$3
+  shift 3
+  COMP_WORDS=("${program##*/}" "$@")
   COMP_CWORD=$#
-  _quorvane_inspect "$inspect"
+  "$complete" "$program"
   same "$*" "$(printf '%s\n' "${COMPREPLY[@]}" | sort)" "$expected"
   COMPREPLY=()
 }
+offered() { completes _quorvane_inspect "$inspect" "$@"; }
+played() { completes _quorvane_play "$build/src/play/quorvane-play" "$@"; }
 mkdir 'more games'
 touch network.dat 'my games.pgn' b.PGN notes.txt c.json
 if [ -n "$inspect" ]; then
@@ -57,19 +61,6 @@ offered $'c.json\nmore games' validate b.PGN --curves ''
 offered notes.txt games notes
 offered 'network.dat' compare n
 
-
-# shellcheck source=/dev/null
-source "$project/completions/quorvane-play"
-# played EXPECTED WORD...: the same for quorvane-play.
-played() {
-  local expected=$1
-  shift
-  COMP_WORDS=(quorvane-play "$@")
-  COMP_CWORD=$#
-  _quorvane_play "$build/src/play/quorvane-play"
-  same "$*" "$(printf '%s\n' "${COMPREPLY[@]}" | sort)" "$expected"
-  COMPREPLY=()
-}
 played $'--help\n--version\nbench\nmatch' ''
 played $'--calibration\n--network\n--nodes' bench -
 played $'--pairs\n--pgn\n--plies' match a.dat b.dat --p
