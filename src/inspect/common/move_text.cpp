@@ -79,6 +79,8 @@ std::size_t MoveText::endOfVariation() const {
       inside.next();
       continue;
     }
+    // One that nothing closes ends with its game.
+    if (character == '[' && text[inside.at - 1] == '\n' && beginsTag(text.substr(inside.at, 2))) break;
     ++inside.at;
     if (character == '(') ++depth;
     if (character == ')' && --depth == 0) break;

@@ -20,8 +20,8 @@ struct MoveElement {
   std::string_view text;  // as it stands there, with its brackets
 };
 
-// Reads the text of a game's moves as the PGN standard has it, with variations inside of variations. What
-// does not close its bracket ends with the text.
+// Reads the text of a game's moves as the PGN standard has it, with variations inside of variations. A
+// variation that nothing closes ends where a line begins with a tag, a comment with the text.
 class MoveText {
  public:
   // `moves` must outlive the reader, and be all there is: what stands before it is looked at by nobody.
